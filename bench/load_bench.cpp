@@ -1,0 +1,156 @@
+// The load of a long list: Carica of 1,000,000 records of ten mixed columns against a floor,
+// the raw SQLite C API stepping the same query and copying every column's text into one
+// contiguous buffer with offsets. Also the memory the row store keeps, the peak during the
+// load, and the repaint of a 30 by 10 window over a short and a long list.
+#include <malloc.h>
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include "bench_support.h"
+#include "grid/control_state.h"
+#include "grid/tabulon12.h"
+#include "platform/sqlite/sqlite_engine.h"
+#include "platform/ui/text_metrics.h"
+#include "platform/ui/timer_service.h"
+
+using namespace TabulonLib12;
+using namespace TabulonBench;
+
+namespace {
+
+int64_t Records() {
+    const char* env = std::getenv("TABULON_BENCH_ROWS");
+    return env ? std::atoll(env) : 1000000;
+}
+
+struct ControlRig {
+    HeadlessTextMetrics metrics;
+    ManualTimerService timers;
+    RecordingMessageBox messages;
+    RecordingScreenPointer screen;
+    SqliteEngine engine;
+    HostServices host;
+    std::unique_ptr<Tabulon12> control;
+
+    // A control of `rows` surface rows over the mixed table of `records` records.
+    ControlRig(int64_t records, int rows) {
+        host.messages = &messages;
+        host.screen = &screen;
+        host.engine = &engine;
+        control = std::make_unique<Tabulon12>(host, metrics, timers);
+        control->Superficie().Resize(15600, 345 + (rows + 2) * 240);
+        const char* fields[] = {"id", "code", "city", "day", "price", "rate", "qty", "paid", "note", "colour"};
+        const char* formats[] = {"Nessuno", "Nessuno", "Nessuno", "Data", "Valuta", "Single", "Numerico", "Nessuno",
+                                 "Nessuno", "Nessuno"};
+        control->setCols(10);
+        for (int16_t c = 0; c < 10; ++c) {
+            control->setCampoQuery(c, fields[c]);
+            control->setFormato(c, formats[c]);
+            control->setColsWidth(c, 1500);
+        }
+        control->setColonnaColore(9);
+        control->setDataBaseName(MixedDatabase(records));
+        control->setQueryString(kMixedQuery);
+    }
+};
+
+// The floor: step the query and copy each column's text into one buffer with offsets.
+void RawSqliteFloor(benchmark::State& state) {
+    const std::string path = MixedDatabase(Records());
+    for (auto _ : state) {
+        sqlite3* db = nullptr;
+        sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
+        sqlite3_stmt* st = nullptr;
+        sqlite3_prepare_v2(db, kMixedQuery, -1, &st, nullptr);
+        std::string buffer;
+        std::vector<uint64_t> offsets;
+        const int columns = sqlite3_column_count(st);
+        while (sqlite3_step(st) == SQLITE_ROW) {
+            for (int c = 0; c < columns; ++c) {
+                const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(st, c));
+                const int n = sqlite3_column_bytes(st, c);
+                offsets.push_back(buffer.size());
+                if (text) buffer.append(text, static_cast<size_t>(n));
+            }
+        }
+        benchmark::DoNotOptimize(buffer.data());
+        state.counters["text_bytes"] = static_cast<double>(buffer.size());
+        state.counters["cells"] = static_cast<double>(offsets.size());
+        sqlite3_finalize(st);
+        sqlite3_close(db);
+    }
+}
+
+void CaricaMixed(benchmark::State& state) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto rig = std::make_unique<ControlRig>(Records(), 30);
+        const size_t before = ResidentBytes();
+        ResetPeak();
+        state.ResumeTiming();
+        rig->control->Carica();
+        state.PauseTiming();
+        const auto& store = rig->control->Interno().MatriceRighe;
+        size_t text = 0;
+        for (int32_t r = 0; r <= store.RowBound(); ++r)
+            for (int32_t c = 0; c <= store.ColBound(); ++c) text += store.Cell(r, c).size();
+        const double cells = static_cast<double>(store.RowBound() + 1) * (store.ColBound() + 1);
+        state.counters["records"] = rig->control->RighePiene();
+        state.counters["store_bytes"] = static_cast<double>(store.MemoryBytes());
+        state.counters["store_text_bytes"] = static_cast<double>(text);
+        state.counters["store_cells"] = cells;
+        state.counters["peak_growth_bytes"] = static_cast<double>(PeakResidentBytes() - before);
+        rig.reset();
+        malloc_trim(0);
+        state.ResumeTiming();
+    }
+}
+
+template <int64_t kRecords>
+void RepaintWindow(benchmark::State& state) {
+    ControlRig rig(kRecords, 30);
+    rig.control->Carica();
+    auto& s = rig.control->Interno();
+    int32_t top = static_cast<int32_t>(kRecords / 2);
+    s.VS1->setValue(top);
+    for (auto _ : state) s.RiempiFinestraRighe(false);
+    state.counters["rows"] = s.MinRows;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // Large blocks come straight from the system and go back to it when freed, so that each
+    // load's peak is measured from the same resident size.
+    mallopt(M_MMAP_THRESHOLD, 1 << 20);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RegisterBenchmark("RawSqliteFloor", RawSqliteFloor)->Unit(benchmark::kMillisecond)->Iterations(1)->Repetitions(5);
+    benchmark::RegisterBenchmark("Carica", CaricaMixed)->Unit(benchmark::kMillisecond)->Iterations(1)->Repetitions(5);
+    benchmark::RegisterBenchmark("RepaintWindow1k", RepaintWindow<1000>)->Unit(benchmark::kMicrosecond);
+    benchmark::RegisterBenchmark("RepaintWindow1M", RepaintWindow<1000000>)->Unit(benchmark::kMicrosecond);
+    KeepingReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+
+    auto& t = reporter.seconds;
+    auto& k = reporter.counters;
+    std::printf("\n--- same-run ratios (medians) ---\n");
+    if (t.count("Carica") && t.count("RawSqliteFloor"))
+        std::printf("Carica / raw SQLite floor: %.2f (%.3f s / %.3f s)\n", t["Carica"] / t["RawSqliteFloor"], t["Carica"],
+                    t["RawSqliteFloor"]);
+    if (k.count("Carica")) {
+        auto& c = k["Carica"];
+        const double budget = 1.1 * c["store_text_bytes"] + 8 * c["store_cells"];
+        std::printf("row store: %.1f MB kept, text %.1f MB, %.0f cells; kept / (1.1 text + 8 per cell) = %.2f\n",
+                    c["store_bytes"] / 1e6, c["store_text_bytes"] / 1e6, c["store_cells"], c["store_bytes"] / budget);
+        std::printf("peak growth during the load: %.1f MB = %.2f x the store kept\n", c["peak_growth_bytes"] / 1e6,
+                    c["peak_growth_bytes"] / c["store_bytes"]);
+    }
+    if (t.count("RepaintWindow1k") && t.count("RepaintWindow1M"))
+        std::printf("repaint 30x10 window, 1M / 1k records: %.2f (%.1f us / %.1f us)\n",
+                    t["RepaintWindow1M"] / t["RepaintWindow1k"], t["RepaintWindow1M"] * 1e6, t["RepaintWindow1k"] * 1e6);
+    benchmark::Shutdown();
+    return 0;
+}

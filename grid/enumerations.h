@@ -1,0 +1,22 @@
+#pragma once
+// The enumerations of the control's public interface.
+#include <cstdint>
+
+namespace TabulonLib12 {
+
+// Heading band style (StileTesta, StileTestaOver).
+enum class StileTestaType : int16_t {
+    Ice = 0, Black = 1, Sea = 2, Orange = 3, Violet = 4, Sky = 5, Green = 6, White = 7,
+    Scheda = 99, Custom = 100,
+};
+
+// Sort arrow style (StileArrow).
+enum class ColorArrowType : int16_t {
+    White = 0, Black = 1, Grey = 2, Blue = 3, Green = 4, Custom = 100,
+};
+
+// Truth values as the property store keeps them.
+inline constexpr int16_t VbTrue = -1;
+inline constexpr int16_t VbFalse = 0;
+
+}  // namespace TabulonLib12

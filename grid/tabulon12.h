@@ -1,0 +1,257 @@
+#pragma once
+// Tabulon12: the list-grid control. A host gives it a database, a query and column
+// definitions, and calls Carica; the control copies the records as text into its row store and
+// shows them through a virtual window of rows on its cell surface.
+//
+// Conventions: a property X reads as X(...) and writes as setX(..., value); a per-column
+// property takes Index first. Per-column accessors never report a bad Index: a read answers 0
+// or "", a write skips the store and still notifies the host (the one exception is the
+// ColAlignment read). Every write of a persistent property ends by calling the host's
+// property-change notice with the member's name.
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "grid/enumerations.h"
+#include "grid/events.h"
+#include "platform/db/database.h"
+#include "platform/host/host_services.h"
+#include "platform/ui/graphics.h"
+#include "platform/ui/surface.h"
+
+namespace TabulonLib12 {
+
+class Tabulon12 {
+public:
+    // The control builds its elements on a surface measured by `metrics` and timed by `timers`;
+    // `host` gives it message boxes, the screen pointer, the clock, the database engine, the
+    // controls around it and the property-change notice.
+    Tabulon12(const HostServices& host, const TextMetrics& metrics, TimerService& timers);
+    ~Tabulon12();
+    Tabulon12(const Tabulon12&) = delete;
+    Tabulon12& operator=(const Tabulon12&) = delete;
+
+    // The host's event handler (may be null). The control does not own it.
+    void setEvents(Tabulon12Events* events);
+    // The element tree the realisation paints and feeds with input.
+    Surface& Superficie();
+
+    // A new instance: defaults, one column, no structure.
+    void InitProperties();
+
+    // --- Column definitions (Index from 0 to Cols - 1) ---
+    std::string Intestazione(int16_t Index) const;
+    void setIntestazione(int16_t Index, const std::string& New_Intestazione);
+    // The stored width when the column is shown on the surface, 0 for a hidden column.
+    int16_t ColsWidth(int16_t Index) const;
+    void setColsWidth(int16_t Index, int16_t New_ColsWidth);
+    // The stored width scaled by the adaptation factor of the columns.
+    int16_t ColsWidthEff(int16_t Index) const;
+    // 0 left, 1 right, 2 centred. The read fails with a subscript error for a bad Index.
+    int16_t ColAlignment(int16_t Index) const;
+    void setColAlignment(int16_t Index, int16_t New_ColAlignment);
+    std::string Ordinamento(int16_t Index) const;
+    void setOrdinamento(int16_t Index, const std::string& New_Ordinamento);
+    std::string Formato(int16_t Index) const;
+    void setFormato(int16_t Index, const std::string& New_Formato);
+    std::string CampoQuery(int16_t Index) const;
+    void setCampoQuery(int16_t Index, const std::string& New_CampoQuery);
+    int16_t ImmagineA(int16_t Index) const;
+    void setImmagineA(int16_t Index, int16_t New_ImmagineA);
+    int16_t ImmagineB(int16_t Index) const;
+    void setImmagineB(int16_t Index, int16_t New_ImmagineB);
+    std::string Condizione(int16_t Index) const;
+    void setCondizione(int16_t Index, const std::string& New_Condizione);
+    std::string OperatoreCondizionale(int16_t Index) const;
+    void setOperatoreCondizionale(int16_t Index, const std::string& New_OperatoreCondizionale);
+    int16_t ColonnaImmagine(int16_t Index) const;
+    void setColonnaImmagine(int16_t Index, int16_t New_ColonnaImmagine);
+    int16_t ColonnaForeColor(int16_t Index) const;
+    void setColonnaForeColor(int16_t Index, int16_t New_ColonnaForeColor);
+    std::string ToolTT(int16_t Index) const;
+    void setToolTT(int16_t Index, const std::string& New_ToolTT);
+    std::string ToolTTvero(int16_t Index) const;
+    void setToolTTvero(int16_t Index, const std::string& New_ToolTTvero);
+    std::string ToolTTfalso(int16_t Index) const;
+    void setToolTTfalso(int16_t Index, const std::string& New_ToolTTfalso);
+    uint8_t IsIperText(int16_t Index) const;
+    void setIsIperText(int16_t Index, uint8_t New_IsIperText);
+    int16_t IperTextIndex(int16_t Index) const;
+    void setIperTextIndex(int16_t Index, int16_t New_IperTextIndex);
+    std::string KeyID(int16_t Index) const;
+    void setKeyID(int16_t Index, const std::string& New_KeyID);
+    Colour BackColorCol(int16_t Index) const;
+    void setBackColorCol(int16_t Index, Colour New_BackColorCol);
+    bool MostraBarraVert(int16_t Index) const;
+    void setMostraBarraVert(int16_t Index, bool New_MostraBarraVert);
+    uint8_t MostraTotCol(int16_t Index) const;
+    void setMostraTotCol(int16_t Index, uint8_t New_MostraTotCol);
+    uint8_t ColonnaOpzionale(int16_t Index) const;
+    void setColonnaOpzionale(int16_t Index, uint8_t New_ColonnaOpzionale);
+    std::string TestoScelta(int16_t Index) const;
+    void setTestoScelta(int16_t Index, const std::string& New_TestoScelta);
+
+    // --- Scalar settings ---
+    int16_t Cols() const;
+    // Resizes every column array and the row store, then rebuilds the structure.
+    void setCols(int16_t New_Cols);
+    int16_t MinRows() const;
+    // Stores nothing: the rows of the surface follow from the control's height.
+    void setMinRows(int16_t New_MinRows);
+    int16_t ActiveCol() const;
+    void setActiveCol(int16_t New_ActiveCol);
+    std::string QueryString() const;
+    void setQueryString(const std::string& New_QueryString);
+    std::string DataBaseName() const;
+    // Stores the name and, when the file can be opened, opens it into BaseDati (read-only, and
+    // without the password).
+    void setDataBaseName(const std::string& New_DataBaseName);
+    std::string ImageLista() const;
+    // Stores the name and finds the host's image list of that name.
+    void setImageLista(const std::string& New_ImageLista);
+    std::string FileScelta() const;
+    void setFileScelta(const std::string& New_FileScelta);
+    std::string TestoCount() const;
+    void setTestoCount(const std::string& New_TestoCount);
+    int32_t BottomHeight() const;
+    void setBottomHeight(int32_t New_BottomHeight);
+    int16_t ColonnaColore() const;
+    void setColonnaColore(int16_t New_ColonnaColore);
+    bool MultiSel() const;
+    void setMultiSel(bool New_MultiSel);
+    bool SelezioneMultiplaImmediata() const;
+    void setSelezioneMultiplaImmediata(bool New_SelezioneMultiplaImmediata);
+    bool ConsentiSceltaColonne() const;
+    void setConsentiSceltaColonne(bool New_ConsentiSceltaColonne);
+    bool AdattamentoColonneDisattivato() const;
+    void setAdattamentoColonneDisattivato(bool New_AdattamentoColonneDisattivato);
+    bool VerticalGrid() const;
+    void setVerticalGrid(bool New_VerticalGrid);
+    bool IperTextEnabled() const;
+    void setIperTextEnabled(bool New_IperTextEnabled);
+    bool WheelStatus() const;
+    void setWheelStatus(bool New_WheelStatus);
+    StileTestaType StileTesta() const;
+    void setStileTesta(StileTestaType New_StileTesta);
+    StileTestaType StileTestaOver() const;
+    void setStileTestaOver(StileTestaType New_StileTestaOver);
+    ColorArrowType StileArrow() const;
+    void setStileArrow(ColorArrowType New_StileArrow);
+
+    // --- Colours and font ---
+    Colour BackColor() const;  // the surface's back colour
+    void setBackColor(Colour New_BackColor);
+    Colour BackColorSfondo() const;  // reads like BackColor
+    void setBackColorSfondo(Colour New_BackColorSfondo);
+    Colour BackColor2() const;
+    void setBackColor2(Colour New_BackColor2);
+    Colour BackColorSel() const;
+    void setBackColorSel(Colour New_BackColorSel);
+    Colour ForeColorSel() const;
+    void setForeColorSel(Colour New_ForeColorSel);
+    Colour BackColorSelected() const;
+    void setBackColorSelected(Colour New_BackColorSelected);
+    Colour BackColorTopScheda() const;
+    void setBackColorTopScheda(Colour New_BackColorTopScheda);
+    Colour BorderColor() const;
+    void setBorderColor(Colour New_BorderColor);
+    Colour ForeColor() const;
+    void setForeColor(Colour New_ForeColor);
+    Colour ForeColorHead() const;
+    void setForeColorHead(Colour New_ForeColorHead);
+    Colour ForeColorOrd() const;
+    void setForeColorOrd(Colour New_ForeColorOrd);
+    Colour ColorGridHead() const;
+    void setColorGridHead(Colour New_ColorGridHead);
+    Colour GridColor() const;
+    void setGridColor(Colour New_GridColor);
+    Colour VerticalGridColor() const;
+    void setVerticalGridColor(Colour New_VerticalGridColor);
+    Colour IperTextColor() const;
+    void setIperTextColor(Colour New_IperTextColor);
+    Font GetFont() const;
+    void setFont(const Font& New_Font);
+
+    // --- The current cell of the surface ---
+    int32_t CellTop() const;
+    int32_t CellLeft() const;
+    bool CellFontUnderline() const;
+    void setCellFontUnderline(bool New_CellFontUnderline);
+    Colour CellBackColor() const;
+    void setCellBackColor(Colour New_CellBackColor);
+    Colour CellForeColor() const;
+    void setCellForeColor(Colour New_CellForeColor);
+    Picture CellPicture() const;
+    void setCellPicture(Picture New_CellPicture);
+
+    // --- Host objects ---
+    std::shared_ptr<HostForm> ParentForm() const;
+    void setFormContenitore(std::shared_ptr<HostForm> New_FormContenitore);
+    // A database the host opened and keeps: the control uses it and never closes it.
+    void setBaseDati(std::shared_ptr<Database> vTabDB);
+
+    // --- The load ---
+    // Runs the query and fills the row store; with SoloRefresh the image list is kept and the
+    // scroll position stays where the query did not change.
+    void Carica(bool SoloRefresh = false);
+    // Blanks the cell surface; the row store stays.
+    void Clear();
+    std::string QueryEffettiva() const;
+    int32_t RighePiene() const;
+    int32_t Rows() const;  // upper row bound of the row store
+    int16_t IndiceordinamentoAttivo() const;
+    int32_t IndiceSelezionato() const;
+    int32_t DeltaWidth() const;
+
+    // --- The row window ---
+    // The store text of a record (Row is a store index); outside the store the out-of-bounds
+    // error reaches the caller.
+    std::string TextMatrix(int32_t Row, int16_t Col) const;
+    // Writes the store and, when the record is on the surface, its cell as plain text. Silent
+    // for a column beyond Cols - 1 or a row at or beyond the row limit of the property store.
+    void setTextMatrix(int32_t Row, int16_t Col, const std::string& New_TextMatrix);
+    // The store text of the current row in column ColRif, "" beyond the columns.
+    std::string TMatrix(int16_t ColRif) const;
+    int32_t TopRow() const;  // the store index shown in grid row 0
+    void setTopRow(int32_t New_TopRow);  // clamped to the scroll range; always repaints
+    // The current row as a store index; fails with an overflow above 32767.
+    int16_t Row() const;
+    void setRow(int16_t New_Row);  // a grid row; nothing moves
+    int16_t Col() const;
+    void setCol(int16_t New_Col);
+    int32_t RowHeight(int16_t Index) const;
+    bool RowIsVisible(int32_t Index) const;
+    int16_t PrimaRigaVisibile() const;
+    int16_t UltimaRigaVisibile() const;  // one beyond the last store index on the surface
+    bool IndiceIsVisible(int32_t Indice) const;
+    int16_t ColPos(int16_t Index) const;
+    int16_t RowPos(int16_t Index) const;
+    int32_t PosizioneColonna(int16_t Index) const;
+
+    // --- Selection ---
+    // Makes grid row IndiceRiga the single selection; the options have no effect.
+    void SelezionaRiga(int32_t IndiceRiga, bool DaScroll = false, bool NonDeselezionare = false);
+    // Toggles the pick of grid row Riga (with NonDeselezionare: picks it) while MultiSel holds.
+    void SelezionaRigaMS(int32_t Riga, bool NonDeselezionare = false);
+    void SelezionaIndice(int32_t Index);       // picks a record by store index
+    void DeselezionaRiga(int32_t IndiceRiga);  // releases a record by store index
+    // Paints grid row Riga in Colore, or in its default colours when Def is true.
+    void ColoraRiga(int32_t Riga, bool Def, Colour Colore = 0);
+    // The keys of the picked records in store order, or the selected key without MultiSel.
+    std::string ListaIndiciSel() const;
+    void setSelRow(int16_t New_SelRow);  // one-based grid row; 0 does nothing
+
+    // --- Structure ---
+    // Sizes the cell surface from the column definitions and the control's size.
+    void CaricaStruttura(bool SoloRefresh = false);
+
+    // The private state, for the control's own layers.
+    struct Impl;
+    Impl& Interno() { return *impl_; }
+    const Impl& Interno() const { return *impl_; }
+
+private:
+    std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace TabulonLib12

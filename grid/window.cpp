@@ -1,0 +1,122 @@
+// The virtual row window: VS1.Value is the store index shown in grid row 0, and every scroll
+// ends in a write of VS1.Value whose Change repaints the surface from the store.
+#include <cmath>
+
+#include "grid/control_state.h"
+#include "platform/runtime/rounding.h"
+
+namespace TabulonLib12 {
+
+namespace {
+int16_t Narrow(int64_t v) {
+    if (v > INT16_MAX || v < INT16_MIN) throw Error::Overflow();
+    return static_cast<int16_t>(v);
+}
+}  // namespace
+
+int32_t Tabulon12::Impl::IndiceDaRiga(int32_t riga) const { return VS1->Value() + riga; }
+
+int32_t Tabulon12::Impl::RigaDaIndice(int32_t indice) const {
+    const int64_t r = static_cast<int64_t>(indice) - VS1->Value();
+    if (r < 0 || r > FG1->Rows() - 1) return -1;
+    return static_cast<int32_t>(r);
+}
+
+void Tabulon12::Impl::SetScrollValue(int32_t value) { VS1->setValue(value); }
+
+void Tabulon12::Impl::ReazioneCambioVS1() {
+    if (!CaricamentoInCorso && RighePiene >= 1) {
+        RiempiFinestraRighe(false);
+        if (MultiSel) RicoloraSelezione();
+        else RiselezionaRiga();
+    }
+    PictureTTT->setVisible(false);
+}
+
+void Tabulon12::Impl::RiselezionaRiga() {
+    if (IndiceRigaAttiva < 0) return;
+    const int32_t g = RigaDaIndice(IndiceRigaAttiva);
+    if (g == -1) return;
+    SelezionaRiga(g);
+}
+
+void Tabulon12::Impl::RicoloraSelezione() {
+    FG1->setRedraw(false);
+    for (int32_t g = 0; g < FG1->Rows(); ++g) {
+        const int32_t i = IndiceDaRiga(g);
+        if (MatriceRighe.Cell(i, Cols) == "1") ColoraRiga(g, false, BackColorSelected);
+        else ColoraRiga(g, true, 0);
+    }
+    FG1->setRedraw(true);
+}
+
+std::string Tabulon12::TextMatrix(int32_t Row, int16_t Col) const {
+    return std::string(impl_->MatriceRighe.Cell(Row, Col));
+}
+
+void Tabulon12::setTextMatrix(int32_t Row, int16_t Col, const std::string& New_TextMatrix) {
+    auto& s = *impl_;
+    if (Col > s.Cols - 1 || Row > s.LimiteRighe - 1) return;
+    s.MatriceRighe.SetCell(Row, Col, New_TextMatrix);
+    const int32_t g = s.RigaDaIndice(Row);
+    if (g > -1) s.FG1->setTextMatrix(g, Col, New_TextMatrix);
+}
+
+std::string Tabulon12::TMatrix(int16_t ColRif) const {
+    auto& s = *impl_;
+    if (ColRif >= s.Cols) return "";
+    return std::string(s.MatriceRighe.Cell(s.IndiceDaRiga(s.RigaCorrente), ColRif));
+}
+
+int32_t Tabulon12::TopRow() const { return impl_->VS1->Value(); }
+
+void Tabulon12::setTopRow(int32_t New_TopRow) {
+    auto& s = *impl_;
+    if (New_TopRow < 0) s.SetScrollValue(0);
+    else if (New_TopRow > s.VS1->Max()) s.SetScrollValue(s.VS1->Max());
+    else s.SetScrollValue(New_TopRow);
+}
+
+int16_t Tabulon12::Row() const { return Narrow(static_cast<int64_t>(impl_->VS1->Value()) + impl_->RigaCorrente); }
+void Tabulon12::setRow(int16_t New_Row) { impl_->RigaCorrente = New_Row; }
+int16_t Tabulon12::Col() const { return impl_->Col; }
+void Tabulon12::setCol(int16_t New_Col) { impl_->Col = New_Col; }
+
+int32_t Tabulon12::RowHeight(int16_t Index) const {
+    return Index < impl_->LimiteRighe ? impl_->FG1->RowHeight(Index) : 0;
+}
+
+int16_t Tabulon12::PrimaRigaVisibile() const { return Narrow(impl_->VS1->Value()); }
+
+int16_t Tabulon12::UltimaRigaVisibile() const {
+    return Narrow(static_cast<int64_t>(impl_->FG1->Rows()) + impl_->VS1->Value());
+}
+
+bool Tabulon12::RowIsVisible(int32_t Index) const {
+    return PrimaRigaVisibile() <= Index && Index <= UltimaRigaVisibile();
+}
+
+bool Tabulon12::IndiceIsVisible(int32_t Indice) const { return impl_->RigaDaIndice(Indice) != -1; }
+
+int16_t Tabulon12::ColPos(int16_t Index) const {
+    const float sum = impl_->FG1->Left() + static_cast<float>(impl_->FG1->ColPos(Index));
+    return ToInt16(sum);
+}
+
+int16_t Tabulon12::RowPos(int16_t Index) const {
+    try {
+        const float sum = impl_->FG1->Top() + static_cast<float>(impl_->FG1->RowPos(Index));
+        return ToInt16(sum);
+    } catch (const Error&) {
+        return 0;
+    }
+}
+
+int32_t Tabulon12::PosizioneColonna(int16_t Index) const {
+    if (Index >= impl_->Cols) return 0;
+    // The grid's left edge is counted twice: once here and once inside ColPos.
+    const float sum = impl_->FG1->Left() + static_cast<float>(ColPos(Index));
+    return ToInt32(sum);
+}
+
+}  // namespace TabulonLib12

@@ -1,0 +1,136 @@
+#pragma once
+// What the control asks of its host: message boxes, the screen's pointer, a millisecond clock,
+// the host's forms and controls (where image lists are found by name), the property-change
+// notice and the database engine. Production realisations live in platform/qt; the recorders
+// and manual clock here serve the tests and the headless tools.
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/db/database.h"
+#include "platform/ui/graphics.h"
+
+namespace TabulonLib12 {
+
+// Message box styles and answers used by the control.
+namespace MsgBoxStyle {
+inline constexpr int16_t Plain = 0;      // OK only, no icon
+inline constexpr int16_t Critical = 16;  // the critical icon
+inline constexpr int16_t Question = 32;
+inline constexpr int16_t Exclamation = 48;
+inline constexpr int16_t Information = 64;
+}  // namespace MsgBoxStyle
+inline constexpr int16_t MsgBoxOk = 1;
+
+class MessageBoxService {
+public:
+    virtual ~MessageBoxService() = default;
+    // Shows a modal box and answers the button pressed (1 for OK).
+    virtual int16_t MsgBox(const std::string& prompt, int16_t style, const std::string& title) = 0;
+};
+
+class ScreenPointer {
+public:
+    virtual ~ScreenPointer() = default;
+    virtual int16_t MousePointer() const = 0;
+    virtual void setMousePointer(int16_t pointer) = 0;  // 0 default, 11 hourglass
+};
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    virtual uint32_t TickCount() const = 0;  // milliseconds since some start, wraps at 2^32
+};
+
+// A control on a host form, found by name. Only an image list answers ListImages.
+class HostControl {
+public:
+    explicit HostControl(std::string name) : name_(std::move(name)) {}
+    virtual ~HostControl() = default;
+    const std::string& Name() const { return name_; }
+    // The picture of item `index` (1-based). A control that is no image list fails with
+    // "Object doesn't support this property or method" (438); a bad index with 35600 "Index out
+    // of bounds".
+    virtual Picture ListImage(int32_t index) const;
+
+private:
+    std::string name_;
+};
+
+class ImageList final : public HostControl {
+public:
+    explicit ImageList(std::string name, std::vector<Picture> images = {})
+        : HostControl(std::move(name)), images_(std::move(images)) {}
+    Picture ListImage(int32_t index) const override;
+    int32_t Count() const { return static_cast<int32_t>(images_.size()); }
+    void Add(Picture p) { images_.push_back(std::move(p)); }
+
+private:
+    std::vector<Picture> images_;
+};
+
+// A host form: its name and its controls in their order.
+class HostForm {
+public:
+    explicit HostForm(std::string name) : name_(std::move(name)) {}
+    const std::string& Name() const { return name_; }
+    const std::vector<std::shared_ptr<HostControl>>& Controls() const { return controls_; }
+    void Add(std::shared_ptr<HostControl> control) { controls_.push_back(std::move(control)); }
+    // The first control whose name equals `name` without regard to case, or null.
+    std::shared_ptr<HostControl> Find(const std::string& name) const;
+
+private:
+    std::string name_;
+    std::vector<std::shared_ptr<HostControl>> controls_;
+};
+
+// Everything a control instance needs from its host, handed over at creation.
+struct HostServices {
+    MessageBoxService* messages = nullptr;
+    ScreenPointer* screen = nullptr;
+    Clock* clock = nullptr;
+    DatabaseEngine* engine = nullptr;
+    // The controls around the control on its container (ParentControls), searched after the form.
+    std::shared_ptr<HostForm> parentControls;
+    // Called with the member's name after every write of a persistent property.
+    std::function<void(const std::string&)> propertyChanged;
+};
+
+// Test and headless realisations.
+class RecordingMessageBox final : public MessageBoxService {
+public:
+    struct Shown {
+        std::string prompt;
+        int16_t style;
+        std::string title;
+    };
+    int16_t MsgBox(const std::string& prompt, int16_t style, const std::string& title) override;
+    std::vector<Shown> shown;
+    int16_t answer = MsgBoxOk;
+};
+
+class RecordingScreenPointer final : public ScreenPointer {
+public:
+    int16_t MousePointer() const override { return pointer_; }
+    void setMousePointer(int16_t pointer) override;
+    std::vector<int16_t> history;  // every value written, in order
+
+private:
+    int16_t pointer_ = 0;
+};
+
+class ManualClock final : public Clock {
+public:
+    uint32_t TickCount() const override { return now; }
+    uint32_t now = 0;
+};
+
+// The process's monotonic clock in milliseconds.
+class SteadyClock final : public Clock {
+public:
+    uint32_t TickCount() const override;
+};
+
+}  // namespace TabulonLib12

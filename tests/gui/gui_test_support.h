@@ -1,0 +1,71 @@
+#pragma once
+// Helpers of the GUI tests: a control widget of a known size, pixels of its rendering.
+#include <QApplication>
+#include <QColor>
+#include <QImage>
+#include <QRect>
+#include <QTest>
+#include <cmath>
+#include <cstdlib>
+#include <functional>
+
+#include "platform/qt/qt_text_metrics.h"
+#include "platform/qt/qt_timer_service.h"
+#include "platform/qt/tabulon_widget.h"
+#include "platform/ui/cell_grid.h"
+
+namespace TabulonLib12::GuiTest {
+
+inline constexpr Colour kSurfaceColour = Rgb(255, 255, 255);
+
+// Twips of a pixel count, to place elements on whole pixels.
+inline float Px(int pixels) { return static_cast<float>(pixels * TwipsPerPixel); }
+
+inline QImage Grab(QWidget& widget) { return widget.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+inline QColor ColourOf(Colour c) {
+    const Colour r = ResolveColour(c);
+    return QColor(static_cast<int>(r & 0xFF), static_cast<int>((r >> 8) & 0xFF), static_cast<int>((r >> 16) & 0xFF));
+}
+
+inline QColor PixelAt(const QImage& image, int x, int y) { return image.pixelColor(x, y); }
+
+inline int CountPixels(const QImage& image, const QRect& area, const std::function<bool(const QColor&)>& test) {
+    int n = 0;
+    const QRect r = area.intersected(image.rect());
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x)
+            if (test(image.pixelColor(x, y))) ++n;
+    return n;
+}
+
+// Pixels that differ clearly from the colour: text, lines, pictures over a plain back.
+inline int CountDiffering(const QImage& image, const QRect& area, Colour back) {
+    const QColor b = ColourOf(back);
+    return CountPixels(image, area, [&](const QColor& c) {
+        return std::abs(c.red() - b.red()) + std::abs(c.green() - b.green()) + std::abs(c.blue() - b.blue()) > 90;
+    });
+}
+
+inline int CountExactly(const QImage& image, const QRect& area, Colour colour) {
+    const QColor want = ColourOf(colour);
+    return CountPixels(image, area, [&](const QColor& c) { return c.rgb() == want.rgb(); });
+}
+
+// A widget of 300 x 200 pixels with a surface of its own on a white back.
+class WidgetTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        widget.resize(300, 200);
+        surface().setBackColor(kSurfaceColour);
+    }
+    Surface& surface() { return widget.GetSurface(); }
+    void ShowAndWait() {
+        widget.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+    }
+
+    TabulonWidget widget;
+};
+
+}  // namespace TabulonLib12::GuiTest
