@@ -1,9 +1,10 @@
 #pragma once
 // The settings a fuzz input runs under, chosen by one byte: the three fixed ones and an odd one
-// with a multibyte thousands separator, year first, "." between the parts of a time, a spaced
-// currency symbol before the amount, three currency digits, no leading zero and parentheses for
-// negative amounts. (Its date separator differs from the time one: where they are the same, a
-// time alone such as 01.02.03 also reads as a date, an ambiguity of such settings.)
+// with a multibyte thousands separator, year first, "-" between the parts of a date and "h"
+// between those of a time, a spaced currency symbol before the amount, three currency digits, no
+// leading zero and parentheses for negative amounts. (Not "." for times: ParseDate takes "." as a
+// date separator in every order, so a time alone such as 03.03.23 reads as a date there, and the
+// general text of a time on day zero would not read back.)
 #include <cstdint>
 
 #include "platform/runtime/settings.h"
@@ -15,7 +16,7 @@ inline SystemSettings OddSettings() {
     s.decimalSeparator = ",";
     s.thousandsSeparator = "\u2019";
     s.dateSeparator = "-";
-    s.timeSeparator = ".";
+    s.timeSeparator = "h";
     s.dateOrder = DateOrder::YearMonthDay;
     s.shortDateLongYear = false;
     s.currencySymbol = "CHF";

@@ -14,6 +14,15 @@ Tabulon12::Impl::Impl(Tabulon12& owner_, const HostServices& host_, const TextMe
         if (events) events->GoUp();
     };
     LarghezzaRiferimento = static_cast<int32_t>(surface.Width());
+    // A resize from the host lays the control out again; a failure there reaches the host
+    // as an error box, since no caller of the control's own is waiting for it.
+    surface.onResize = [this](Surface&) {
+        try {
+            LayoutRidimensionamento();
+        } catch (const Error& e) {
+            MessageBox(e.description(), MsgBoxStyle::Critical);
+        }
+    };
     col.Resize(1);
 }
 

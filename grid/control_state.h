@@ -161,6 +161,7 @@ struct Tabulon12::Impl {
     void RidimensionaColonne();
     float FattoreAdattamento();
     void LayoutRidimensionamento();
+    void SpostaControlliContenuti();
     void RiselezionaRiga();
     void RidisegnaTotali();
 

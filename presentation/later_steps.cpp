@@ -9,7 +9,6 @@ void Tabulon12::Impl::RicostruisciControlliColonna() {}
 void Tabulon12::Impl::DisponiSfondiTesta() {}
 void Tabulon12::Impl::DisponiTestate() {}
 void Tabulon12::Impl::DisponiImmaginiColonna() {}
-void Tabulon12::Impl::LayoutRidimensionamento() {}
 void Tabulon12::Impl::RidisegnaTotali() {}
 
 }  // namespace TabulonLib12

@@ -27,9 +27,9 @@ constexpr uint32_t kButtonEdge = Argb(127, 153, 187);
 constexpr uint32_t kButtonLight = Argb(255, 255, 255);
 constexpr uint32_t kArrow = Argb(43, 74, 115);
 constexpr uint32_t kThumbEdge = Argb(104, 135, 176);
-constexpr uint32_t kThumbSide = Argb(170, 196, 230);
-constexpr uint32_t kThumbMiddle = Argb(228, 238, 251);
-constexpr uint32_t kGrip = Argb(92, 120, 160);
+constexpr uint32_t kThumbSide = Argb(140, 170, 214);
+constexpr uint32_t kThumbMiddle = Argb(206, 222, 244);
+constexpr uint32_t kGrip = Argb(82, 110, 152);
 
 // A button with the arrow pointing up (`up`) or down.
 Image DrawButton(bool up) {

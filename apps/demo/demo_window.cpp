@@ -6,41 +6,120 @@
 namespace TabulonLib12::Demo {
 
 namespace {
-constexpr int32_t kRowsShown = 30;
-}
 
-DemoWindow::DemoWindow() {
+struct ColumnDesign {
+    const char* heading;
+    const char* field;
+    const char* format;
+    int16_t width;      // twips, for the design width of the control
+    int16_t alignment;  // 0 left, 1 right, 2 centred
+};
+
+// The orders as the demo shows them: the key, the customer and city, the date, the amount,
+// whether it is paid, and the customer's row colour, kept in a column of width 0.
+constexpr ColumnDesign kColumns[] = {
+    {"N.", "id", "Nessuno", 900, 1},
+    {"Cliente", "customer", "Nessuno", 4200, 0},
+    {"Città", "city", "Nessuno", 2400, 0},
+    {"Data", "order_date", "Data", 1500, 2},
+    {"Importo", "amount", "Valuta", 1700, 1},
+    {"Pagato", "paid", "Nessuno", 1100, 2},
+    {"Colore", "colour", "Nessuno", 0, 0},
+};
+constexpr int16_t kColourColumn = 6;
+
+}  // namespace
+
+DemoWindow::DemoWindow(DatabaseEngine& engine, const std::string& databasePath) : databasePath_(databasePath) {
     setWindowTitle(QStringLiteral("Tabulon12 demo"));
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->setSpacing(6);
 
-    list_ = new TabulonWidget(central);
-    list_->setMinimumSize(400, 300);
-    orders_ = std::make_unique<OrderList>(list_->GetSurface());
-    orders_->onCellClick = [this](int32_t row, int32_t col) {
-        Log(QStringLiteral("Click row %1 col %2").arg(row).arg(col));
-    };
-    layout->addWidget(list_, 1);
+    messages_ = std::make_unique<QtMessageBox>(this);
+    HostServices host;
+    host.messages = messages_.get();
+    host.screen = &screen_;
+    host.clock = &clock_;
+    host.engine = &engine;
+    host.propertyChanged = [](const std::string&) {};
+    control_ = std::make_unique<Tabulon12>(host, metrics_, timers_);
+    control_->setEvents(this);
 
-    layout->addWidget(new QLabel(QStringLiteral("Log"), central));
+    list_ = new TabulonWidget(control_->Superficie(), central);
+    list_->setMinimumSize(400, 300);
+    layout->addWidget(list_, 1);
+    layout->addWidget(new QLabel(QStringLiteral("Eventi del controllo"), central));
     log_ = new QPlainTextEdit(central);
     log_->setReadOnly(true);
     log_->setFixedHeight(130);
     layout->addWidget(log_);
-
     setCentralWidget(central);
     resize(1000, 700);
 }
 
-void DemoWindow::Load(DatabaseEngine& engine, const std::string& databasePath) {
-    orders_->Load(engine, databasePath, kRowsShown);
-    Log(QStringLiteral("Loaded %1 orders from %2")
-            .arg(orders_->Grid().Rows())
-            .arg(QString::fromStdString(databasePath)));
+DemoWindow::~DemoWindow() { control_->setEvents(nullptr); }
+
+void DemoWindow::Load() {
+    Tabulon12& c = *control_;
+    const int16_t count = static_cast<int16_t>(std::size(kColumns));
+    c.setCols(count);
+    for (int16_t i = 0; i < count; ++i) {
+        c.setIntestazione(i, kColumns[i].heading);
+        c.setCampoQuery(i, kColumns[i].field);
+        c.setFormato(i, kColumns[i].format);
+        c.setColsWidth(i, kColumns[i].width);
+        c.setColAlignment(i, kColumns[i].alignment);
+    }
+    c.setColonnaColore(kColourColumn);
+    c.setTestoCount("Righe visualizzate:");
+    c.setDataBaseName(databasePath_);
+    c.setQueryString("SELECT id, customer, city, order_date, amount, paid, colour FROM v_orders ORDER BY id");
+    c.Carica();
 }
 
 void DemoWindow::Log(const QString& line) { log_->appendPlainText(line); }
+
+void DemoWindow::KeyDown(int16_t& KeyCode, int16_t& Shift) {
+    Log(QStringLiteral("KeyDown %1 %2").arg(KeyCode).arg(Shift));
+}
+void DemoWindow::KeyPress(int16_t& KeyAscii) { Log(QStringLiteral("KeyPress %1").arg(KeyAscii)); }
+void DemoWindow::KeyUp(int16_t& KeyCode, int16_t& Shift) { Log(QStringLiteral("KeyUp %1 %2").arg(KeyCode).arg(Shift)); }
+void DemoWindow::MouseMove(int16_t&, int16_t&, float&, float&) {}  // too many to log
+void DemoWindow::GoDown() { Log(QStringLiteral("GoDown")); }
+void DemoWindow::GoUp() { Log(QStringLiteral("GoUp")); }
+void DemoWindow::Caricato() {
+    Log(QStringLiteral("Caricato: %1 righe da %2").arg(control_->RighePiene()).arg(QString::fromStdString(databasePath_)));
+}
+void DemoWindow::Click() { Log(QStringLiteral("Click")); }
+void DemoWindow::DblClick() { Log(QStringLiteral("DblClick")); }
+void DemoWindow::MouseDown(int16_t& Button, int16_t& Shift, float& x, float& y) {
+    Log(QStringLiteral("MouseDown %1 %2 %3 %4").arg(Button).arg(Shift).arg(x).arg(y));
+}
+void DemoWindow::MouseUp(int16_t& Button, int16_t& Shift, float& x, float& y) {
+    Log(QStringLiteral("MouseUp %1 %2 %3 %4").arg(Button).arg(Shift).arg(x).arg(y));
+}
+void DemoWindow::EnterCell() {}  // raised for every painted cell move; not logged
+void DemoWindow::LeaveCell() {}
+void DemoWindow::CellClick(int32_t& RigaClick, int16_t& ColonnaClick) {
+    Log(QStringLiteral("CellClick riga %1 colonna %2").arg(RigaClick).arg(ColonnaClick));
+}
+void DemoWindow::CellDblClick(int32_t& RigaClick, int16_t& ColonnaClick) {
+    Log(QStringLiteral("CellDblClick riga %1 colonna %2").arg(RigaClick).arg(ColonnaClick));
+}
+void DemoWindow::CellRightClick(int32_t& RigaClick, int16_t& ColonnaClick) {
+    Log(QStringLiteral("CellRightClick riga %1 colonna %2").arg(RigaClick).arg(ColonnaClick));
+}
+void DemoWindow::CellMouseMove(int32_t&, int16_t&) {}
+void DemoWindow::IperTextClick(int32_t& RigaClick, int16_t& ColonnaClick, int32_t& IdAssociato,
+                               std::string& TestoIperTxt) {
+    Log(QStringLiteral("IperTextClick riga %1 colonna %2 id %3 %4")
+            .arg(RigaClick)
+            .arg(ColonnaClick)
+            .arg(IdAssociato)
+            .arg(QString::fromStdString(TestoIperTxt)));
+}
+void DemoWindow::Resize() { Log(QStringLiteral("Resize %1 x %2").arg(list_->width()).arg(list_->height())); }
 
 }  // namespace TabulonLib12::Demo

@@ -51,9 +51,14 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tabulon12 demo"));
     TabulonLib12::SqliteEngine engine;
-    TabulonLib12::Demo::DemoWindow window;
+    TabulonLib12::Demo::DemoWindow window(engine, TABULON_SAMPLE_DB);
+    if (!screenshot.empty()) {
+        window.resize(1000, 700);
+        window.show();
+        QApplication::processEvents();
+    }
     try {
-        window.Load(engine, TABULON_SAMPLE_DB);
+        window.Load();
     } catch (const TabulonLib12::Error& e) {
         const std::string message = "The sample database could not be read: " + e.description();
         if (!screenshot.empty()) {
@@ -65,8 +70,6 @@ int main(int argc, char** argv) {
     }
 
     if (!screenshot.empty()) {
-        window.resize(1000, 700);
-        window.show();
         QApplication::processEvents();
         try {
             TabulonLib12::SaveWidgetPng(window, screenshot);

@@ -94,7 +94,10 @@ void ElementPainter::PaintElement(QPainter& p, const Element& e, const QRect& r)
 void ElementPainter::PaintLabel(QPainter& p, const Label& e, const QRect& r) {
     if (e.BackStyle() == 1) FillRect(p, r, e.BackColor());
     if (e.Caption().empty()) return;
-    int flags = Qt::AlignTop | Qt::TextWordWrap;
+    // A label that sizes itself to one line keeps it on one line; any other label breaks its
+    // caption at word boundaries within its width.
+    int flags = Qt::AlignTop;
+    if (!e.AutoSize() || e.WordWrap()) flags |= Qt::TextWordWrap;
     switch (e.Alignment()) {
         case Alignment::Right: flags |= Qt::AlignRight; break;
         case Alignment::Centre: flags |= Qt::AlignHCenter; break;

@@ -1,5 +1,7 @@
 #include "platform/qt/qt_text_metrics.h"
 
+#include <cmath>
+
 #include "platform/qt/qt_graphics.h"
 
 namespace TabulonLib12 {
@@ -8,21 +10,23 @@ namespace {
 constexpr size_t kCachedFonts = 16;
 }
 
-const QFontMetrics& QtTextMetrics::MetricsOf(const Font& font) const {
+const QtTextMetrics::Entry& QtTextMetrics::MetricsOf(const Font& font) const {
     for (const auto& entry : cache_) {
-        if (entry.font == font) return entry.metrics;
+        if (entry.font == font) return entry;
     }
     if (cache_.size() >= kCachedFonts) cache_.erase(cache_.begin());
-    cache_.push_back(Entry{font, QFontMetrics(ToQFont(font))});
-    return cache_.back().metrics;
+    const QFont q = ToQFont(font);
+    cache_.push_back(Entry{font, QFontMetrics(q), QFontMetricsF(q)});
+    return cache_.back();
 }
 
 int32_t QtTextMetrics::TextWidth(const Font& font, std::string_view text) const {
-    return MetricsOf(font).horizontalAdvance(ToQString(text)) * TwipsPerPixel;
+    const qreal advance = MetricsOf(font).exact.horizontalAdvance(ToQString(text));
+    return static_cast<int32_t>(std::ceil(advance)) * TwipsPerPixel;
 }
 
 int32_t QtTextMetrics::TextHeight(const Font& font) const {
-    return MetricsOf(font).height() * TwipsPerPixel;
+    return MetricsOf(font).metrics.height() * TwipsPerPixel;
 }
 
 }  // namespace TabulonLib12

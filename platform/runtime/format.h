@@ -46,17 +46,21 @@
 //
 // Named number formats (the name alone, any case):
 //   "General Number"  the general text of the number (NumberToText)
-//   "Currency"        the system's currency: symbol, its place and blank, digits, leading zero,
-//                     grouping and separators, negative with a leading minus or in parentheses
+//   "Currency"        the system's currency: symbol, its place and blank, digits (0 to 15),
+//                     leading zero, grouping and separators, negative with a leading minus or
+//                     in parentheses
 //   "Fixed" "0.00"    "Standard" "#,##0.00"    "Percent" "0.00%"    "Scientific" "0.00E+00"
 //
 // Date patterns (letters in either case):
-//   d dd day   m mm month, or minutes right after an hour (h or hh, with only literals between)
-//   or right before seconds   n nn minutes   yy yyyy year in two or four digits   y day of the
-//   year   h hh hour 0-23 (1-12 with AM/PM)   s ss seconds   AM/PM am/pm A/P a/p the half of the
-//   day, written in the case given   / the system's date separator   : the system's time
-//   separator   "text" \c literal text   anything else stands for itself.
-//   Longer runs split from the left: dddd is dd dd, yyy is yy y.
+//   d dd     day, without or with a leading zero
+//   m mm     month; minutes when right after an hour (h or hh, only literals between) or right
+//            before seconds
+//   n nn     minutes              h hh   hour 0-23, or 1-12 with a half-day mark
+//   s ss     seconds              yy yyyy   year in two or four digits     y   day of the year
+//   AM/PM am/pm A/P a/p   the half of the day, in the case written
+//   /  the system's date separator        :  the system's time separator
+//   "text" \c  literal text; anything else stands for itself
+//   Longer runs split from the left: dddd is dd dd, yyy is yy y. There are no month or day names.
 // Named date formats: "General Date" (DateToText), "Short Date" (the system's order and year
 // width), "Short Time" ("hh:nn").
 #include <string>

@@ -27,6 +27,7 @@ public:
     }
     void GoDown() override { names.push_back("GoDown"); }
     void GoUp() override { names.push_back("GoUp"); }
+    void Resize() override { names.push_back("Resize"); }
     int Count(const std::string& name) const {
         return static_cast<int>(std::count(names.begin(), names.end(), name));
     }

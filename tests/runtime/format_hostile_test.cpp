@@ -201,8 +201,12 @@ TEST(FormatHostileInput, MegabyteDatePatternsAreQuick) {
             EXPECT_EQ(out.size(), 2 + kMegabyte + 2 + kMegabyte + 2);
         },
         "long literals");
-    ExpectQuick([&] { EXPECT_EQ(FormatText("2024-03-05", Repeat("a/p", kMegabyte), italian).size(), kMegabyte / 3 + 1); },
-                "half days");
+    ExpectQuick(
+        [&] {
+            const std::string out = FormatText("2024-03-05", Repeat("a/p", kMegabyte), italian);
+            EXPECT_EQ(out, std::string(kMegabyte / 3 + 1, 'a'));  // midnight is in the morning
+        },
+        "half days");
 }
 
 TEST(FormatHostileInput, ValidUtf8InGivesValidUtf8Out) {

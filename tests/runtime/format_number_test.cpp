@@ -250,7 +250,8 @@ TEST(NumberPattern, VeryLargeValuesShowAllTheirDigits) {
     EXPECT_EQ(FormatNumber(largest, "Currency", us).size(), 1u + 309u + 102u + 3u);
     EXPECT_EQ(FormatNumber(1e300, "0%", us), "1" + std::string(302, '0') + "%");
     EXPECT_EQ(FormatNumber(std::numeric_limits<double>::denorm_min(), "0.00", us), "0.00");
-    EXPECT_EQ(FormatNumber(std::numeric_limits<double>::denorm_min(), "0.0E+000", us), "5.0E-324");  // its shortest text is 5e-324
+    // The shortest text of the smallest double is 5e-324.
+    EXPECT_EQ(FormatNumber(std::numeric_limits<double>::denorm_min(), "0.0E+000", us), "5.0E-324");
 }
 
 TEST(NumberPattern, NotANumberAndInfinitiesShowTheirGeneralText) {
