@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <system_error>
 
 #include "platform/runtime/error.h"
@@ -386,10 +387,23 @@ std::string NumberToText(double value, const SystemSettings& settings) {
     if (value == 0.0) {
         return "0";
     }
-    // Fifteen significant digits, rounded once, as "d.dddddddddddddde+XX".
+    // Fifteen significant digits, rounded once, as "d.dddddddddddddde+XX". The shortest text
+    // that reads back as the value is that rounding whenever it has fifteen digits or fewer
+    // (the value lies within half a unit of the last place of it), and it is much cheaper to
+    // make; longer ones, and subnormal values (whose shortest text carries fewer digits than
+    // they have), are rounded to fifteen digits.
     std::array<char, 64> buffer{};
-    const auto [end, ec] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                         std::chars_format::scientific, 14);
+    std::to_chars_result written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                                 std::chars_format::scientific);
+    if (written.ec == std::errc()) {
+        size_t significant = 0;
+        for (const char* p = buffer.data(); p != written.ptr && *p != 'e'; ++p) significant += IsDigit(*p) ? 1 : 0;
+        if (significant > 15 || std::fabs(value) < std::numeric_limits<double>::min()) {
+            written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                    std::chars_format::scientific, 14);
+        }
+    }
+    const auto [end, ec] = written;
     if (ec != std::errc()) {
         return "0";  // cannot happen for a finite double in a 64-byte buffer
     }

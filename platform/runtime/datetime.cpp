@@ -245,10 +245,16 @@ bool ReadTimeAlone(std::string_view text, const SystemSettings& settings, DatePa
     return ReadTime(reader, settings, parts) && reader.AtEnd();
 }
 
+// Dates are printed for every date cell of a load: digits are written by hand.
 std::string TwoDigits(int value) {
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "%02d", value);
-    return buffer;
+    if (value < 0 || value > 99) return std::to_string(value);
+    return std::string{static_cast<char>('0' + value / 10), static_cast<char>('0' + value % 10)};
+}
+
+std::string FourDigits(int value) {
+    if (value < 0 || value > 9999) return std::to_string(value);
+    return std::string{static_cast<char>('0' + value / 1000), static_cast<char>('0' + value / 100 % 10),
+                       static_cast<char>('0' + value / 10 % 10), static_cast<char>('0' + value % 10)};
 }
 
 }  // namespace
@@ -279,14 +285,14 @@ std::optional<DateTime> ParseDate(std::string_view text, const SystemSettings& s
 std::string DateToText(DateTime value, const SystemSettings& settings) {
     const DateParts parts = SplitDate(value);
     const bool midnight = parts.hour == 0 && parts.minute == 0 && parts.second == 0;
-    const std::string time = TwoDigits(parts.hour) + settings.timeSeparator + TwoDigits(parts.minute) +
-                             settings.timeSeparator + TwoDigits(parts.second);
+    const std::string time = midnight ? std::string()
+                                      : TwoDigits(parts.hour) + settings.timeSeparator + TwoDigits(parts.minute) +
+                                            settings.timeSeparator + TwoDigits(parts.second);
     const bool dayZero = parts.year == 1899 && parts.month == 12 && parts.day == 30;
     if (dayZero && !midnight) {
         return time;
     }
-    char year[16];
-    std::snprintf(year, sizeof year, "%04d", parts.year);
+    const std::string year = FourDigits(parts.year);
     const std::string& sep = settings.dateSeparator;
     std::string date;
     switch (settings.dateOrder) {
