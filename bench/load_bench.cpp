@@ -10,11 +10,7 @@
 #include <vector>
 
 #include "bench_support.h"
-#include "grid/control_state.h"
-#include "grid/tabulon12.h"
-#include "platform/sqlite/sqlite_engine.h"
-#include "platform/ui/text_metrics.h"
-#include "platform/ui/timer_service.h"
+#include "control_rig.h"
 
 using namespace TabulonLib12;
 using namespace TabulonBench;
@@ -25,37 +21,6 @@ int64_t Records() {
     const char* env = std::getenv("TABULON_BENCH_ROWS");
     return env ? std::atoll(env) : 1000000;
 }
-
-struct ControlRig {
-    HeadlessTextMetrics metrics;
-    ManualTimerService timers;
-    RecordingMessageBox messages;
-    RecordingScreenPointer screen;
-    SqliteEngine engine;
-    HostServices host;
-    std::unique_ptr<Tabulon12> control;
-
-    // A control of `rows` surface rows over the mixed table of `records` records.
-    ControlRig(int64_t records, int rows) {
-        host.messages = &messages;
-        host.screen = &screen;
-        host.engine = &engine;
-        control = std::make_unique<Tabulon12>(host, metrics, timers);
-        control->Superficie().Resize(15600, 345 + (rows + 2) * 240);
-        const char* fields[] = {"id", "code", "city", "day", "price", "rate", "qty", "paid", "note", "colour"};
-        const char* formats[] = {"Nessuno", "Nessuno", "Nessuno", "Data", "Valuta", "Single", "Numerico", "Nessuno",
-                                 "Nessuno", "Nessuno"};
-        control->setCols(10);
-        for (int16_t c = 0; c < 10; ++c) {
-            control->setCampoQuery(c, fields[c]);
-            control->setFormato(c, formats[c]);
-            control->setColsWidth(c, 1500);
-        }
-        control->setColonnaColore(9);
-        control->setDataBaseName(MixedDatabase(records));
-        control->setQueryString(kMixedQuery);
-    }
-};
 
 // The floor: step the query and copy each column's text into one buffer with offsets.
 void RawSqliteFloor(benchmark::State& state) {

@@ -1,0 +1,49 @@
+#pragma once
+// A control on the headless elements over the benchmark's mixed table.
+#include <memory>
+
+#include "bench_support.h"
+#include "grid/control_state.h"
+#include "grid/tabulon12.h"
+#include "platform/sqlite/sqlite_engine.h"
+#include "platform/ui/text_metrics.h"
+#include "platform/ui/timer_service.h"
+
+namespace TabulonBench {
+
+struct ControlRig {
+    TabulonLib12::HeadlessTextMetrics metrics;
+    TabulonLib12::ManualTimerService timers;
+    TabulonLib12::RecordingMessageBox messages;
+    TabulonLib12::RecordingScreenPointer screen;
+    TabulonLib12::SqliteEngine engine;
+    TabulonLib12::HostServices host;
+    std::unique_ptr<TabulonLib12::Tabulon12> control;
+
+    // A control of `rows` surface rows over the mixed table of `records` records, with the
+    // given metrics (the headless ones when null).
+    ControlRig(int64_t records, int rows, const TabulonLib12::TextMetrics* useMetrics = nullptr,
+               TabulonLib12::TimerService* useTimers = nullptr) {
+        host.messages = &messages;
+        host.screen = &screen;
+        host.engine = &engine;
+        control = std::make_unique<TabulonLib12::Tabulon12>(host, useMetrics ? *useMetrics : metrics,
+                                                            useTimers ? *useTimers : timers);
+        const float rowHeight = static_cast<float>(control->Interno().FG1->RowHeight(0));
+        control->Superficie().Resize(15600, 345 + (rows + 2) * rowHeight);
+        const char* fields[] = {"id", "code", "city", "day", "price", "rate", "qty", "paid", "note", "colour"};
+        const char* formats[] = {"Nessuno", "Nessuno", "Nessuno", "Data", "Valuta", "Single", "Numerico", "Nessuno",
+                                 "Nessuno", "Nessuno"};
+        control->setCols(10);
+        for (int16_t c = 0; c < 10; ++c) {
+            control->setCampoQuery(c, fields[c]);
+            control->setFormato(c, formats[c]);
+            control->setColsWidth(c, 1500);
+        }
+        control->setColonnaColore(9);
+        control->setDataBaseName(MixedDatabase(records));
+        control->setQueryString(kMixedQuery);
+    }
+};
+
+}  // namespace TabulonBench
