@@ -5,6 +5,7 @@
 
 #include "grid/control_state.h"
 #include "platform/runtime/conversions.h"
+#include "platform/runtime/format.h"
 #include "platform/runtime/rounding.h"
 #include "platform/runtime/settings.h"
 
@@ -136,14 +137,9 @@ void Tabulon12::Impl::RiempiFinestraRighe(bool senzaColore) {
 }
 
 std::string Tabulon12::Impl::FormattaValore(int16_t c, std::string_view v) const {
-    if (v.empty()) return "";
-    const std::string& format = col.Has(c) ? col.Formato[static_cast<size_t>(c)] : std::string();
-    if (format == "Nessuno") return std::string(v);
-    if (format == "Numerico") return NumberToText(ValoreNumerico(v), CurrentSettings());
-    if (format == "Data" || format == "Ora" || format == "Valuta" || format == "Single" || format == "Data Breve" ||
-        format == "Numeri_4_Dec")
-        return std::string(v);
-    return "";
+    static const std::string kNoFormat;
+    const std::string& format = col.Has(c) ? col.Formato[static_cast<size_t>(c)] : kNoFormat;
+    return FormatByKey(v, format, CurrentSettings());
 }
 
 }  // namespace TabulonLib12

@@ -3,6 +3,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "status_pictures.h"
+
 namespace TabulonLib12::Demo {
 
 namespace {
@@ -26,6 +28,7 @@ constexpr ColumnDesign kColumns[] = {
     {"Pagato", "paid", "Nessuno", 1100, 2},
     {"Colore", "colour", "Nessuno", 0, 0},
 };
+constexpr int16_t kPaidColumn = 5;
 constexpr int16_t kColourColumn = 6;
 
 }  // namespace
@@ -46,6 +49,10 @@ DemoWindow::DemoWindow(DatabaseEngine& engine, const std::string& databasePath) 
     host.propertyChanged = [](const std::string&) {};
     control_ = std::make_unique<Tabulon12>(host, metrics_, timers_);
     control_->setEvents(this);
+    // The host form holds the image list that the control finds by name.
+    form_ = std::make_shared<HostForm>("FormDemo");
+    form_->Add(std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()}));
+    control_->setFormContenitore(form_);
 
     list_ = new TabulonWidget(control_->Superficie(), central);
     list_->setMinimumSize(400, 300);
@@ -72,6 +79,12 @@ void DemoWindow::Load() {
         c.setColsWidth(i, kColumns[i].width);
         c.setColAlignment(i, kColumns[i].alignment);
     }
+    // The payment column shows a picture by a condition on its truth value.
+    c.setCondizione(kPaidColumn, "True");
+    c.setOperatoreCondizionale(kPaidColumn, "=");
+    c.setImageLista("ImmaginiStato");
+    c.setImmagineA(kPaidColumn, 1);
+    c.setImmagineB(kPaidColumn, 2);
     c.setColonnaColore(kColourColumn);
     c.setTestoCount("Righe visualizzate:");
     c.setDataBaseName(databasePath_);

@@ -53,6 +53,7 @@ private:
     std::unique_ptr<QtMessageBox> messages_;
     QtScreenPointer screen_;
     SteadyClock clock_;
+    std::shared_ptr<HostForm> form_;
     std::unique_ptr<Tabulon12> control_;
     TabulonWidget* list_ = nullptr;  // owned by the window
     QPlainTextEdit* log_ = nullptr;
