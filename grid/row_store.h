@@ -1,8 +1,8 @@
 #pragma once
 // RowStore, the control's MatriceRighe: a two-dimensional array of texts, rows from 0 to the
-// row bound, columns from 0 to the column bound. A million records of ten columns must load fast and fit
-// in memory, so the texts live in one arena of fixed-size blocks (it never doubles while it
-// grows) and each cell is one 8-byte reference into it. A rewritten cell gets new room at the
+// row bound, columns from 0 to the column bound. A million records of ten columns must load
+// fast and fit in memory, so the texts live in an arena of blocks that is never copied while it
+// grows, and each cell is one 8-byte reference into it. A rewritten cell gets new room at the
 // arena's end; the old bytes stay until the store is replaced.
 #include <cstdint>
 #include <memory>
