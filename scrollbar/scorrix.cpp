@@ -1,7 +1,8 @@
 // Scorrix: construction of the bar's elements, its public members and its property store.
 #include "scrollbar/scorrix.h"
 
-#include <algorithm>
+#include <functional>
+#include <memory>
 
 #include "scrollbar/scorrix_impl.h"
 #include "scrollbar/scorrix_pictures.h"
@@ -75,24 +76,26 @@ Scorrix::Impl::~Impl() {
 
 void Scorrix::Impl::Wire() {
     using Mouse = std::function<void(Element&, int16_t&, int16_t&, float&, float&)>;
-    ImageUP->onMouseDown = Mouse([this](Element&, int16_t&, int16_t&, float&, float&) { PremutoUP(); });
-    ImageUP->onMouseUp = Mouse([this](Element&, int16_t&, int16_t&, float&, float&) { RilasciatoUP(); });
-    ImageUP->onClick = [this](Element&) { SaliDiUno(false); };
-    ImageDWN->onMouseDown = Mouse([this](Element&, int16_t&, int16_t&, float&, float&) { PremutoDWN(); });
-    ImageDWN->onMouseUp = Mouse([this](Element&, int16_t&, int16_t&, float&, float&) { RilasciatoDWN(); });
-    ImageDWN->onClick = [this](Element&) { ScendiDiUno(false); };
-    // A press on the body itself is a press on the track: the background shape takes no input.
+    // Every handler holds the token, so it expires only when the elements (or all the handlers)
+    // are gone.
     auto token = std::make_shared<const char>('\0');
     corpoVivo = token;
+    ImageUP->onMouseDown = Mouse([this, token](Element&, int16_t&, int16_t&, float&, float&) { PremutoUP(); });
+    ImageUP->onMouseUp = Mouse([this, token](Element&, int16_t&, int16_t&, float&, float&) { RilasciatoUP(); });
+    ImageUP->onClick = [this, token](Element&) { SaliDiUno(false); };
+    ImageDWN->onMouseDown = Mouse([this, token](Element&, int16_t&, int16_t&, float&, float&) { PremutoDWN(); });
+    ImageDWN->onMouseUp = Mouse([this, token](Element&, int16_t&, int16_t&, float&, float&) { RilasciatoDWN(); });
+    ImageDWN->onClick = [this, token](Element&) { ScendiDiUno(false); };
+    // A press on the body itself is a press on the track: the background shape takes no input.
     Corpo->onMouseDown =
         Mouse([this, token](Element&, int16_t&, int16_t&, float&, float& y) { PremutoTraccia(y); });
-    Corpo->onMouseUp = Mouse([this](Element&, int16_t&, int16_t&, float&, float&) { RilasciatoTraccia(); });
+    Corpo->onMouseUp = Mouse([this, token](Element&, int16_t&, int16_t&, float&, float&) { RilasciatoTraccia(); });
     ImageScr->onMouseDown =
-        Mouse([this](Element&, int16_t& button, int16_t&, float&, float& y) { PremutoCursore(button, y); });
+        Mouse([this, token](Element&, int16_t& button, int16_t&, float&, float& y) { PremutoCursore(button, y); });
     ImageScr->onMouseMove =
-        Mouse([this](Element&, int16_t& button, int16_t&, float&, float& y) { TrascinaCursore(button, y); });
-    TimerUP->onTimer = [this](Timer&) { TickUP(); };
-    TimerDWN->onTimer = [this](Timer&) { TickDWN(); };
+        Mouse([this, token](Element&, int16_t& button, int16_t&, float&, float& y) { TrascinaCursore(button, y); });
+    TimerUP->onTimer = [this, token](Timer&) { TickUP(); };
+    TimerDWN->onTimer = [this, token](Timer&) { TickDWN(); };
 }
 
 void Scorrix::Impl::Unwire() {

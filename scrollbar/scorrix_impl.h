@@ -84,8 +84,8 @@ struct Scorrix::Impl {
 private:
     void Wire();
     void Unwire();
-    // Expires when the body is freed (its mouse handler holds the token): the body may go with
-    // a container that somebody else removed, and must then not be touched again.
+    // Expires when the bar's elements are freed (their handlers hold the token): the body may go
+    // with a container that somebody else removed, and must then not be touched again.
     std::weak_ptr<const void> corpoVivo;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/qt/qt_timer_service.h"
 
+#include "platform/qt/guarded.h"
+
 #include <algorithm>
 
 namespace TabulonLib12 {
@@ -16,7 +18,7 @@ int QtTimerService::Start(int32_t intervalMs, std::function<void()> tick) {
     timer->setInterval(std::max<int32_t>(intervalMs, 0));
     timer->setSingleShot(false);
     QObject::connect(timer, &QTimer::timeout, timer, [tick = std::move(tick)] {
-        if (tick) tick();
+        if (tick) Guarded(tick);
     });
     const int id = nextId_++;
     timers_[id] = timer;

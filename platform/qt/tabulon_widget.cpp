@@ -11,6 +11,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include "platform/qt/guarded.h"
 #include "platform/qt/qt_graphics.h"
 #include "platform/qt/qt_input.h"
 #include "platform/qt/qt_text_metrics.h"
@@ -79,7 +80,7 @@ void TabulonWidget::showEvent(QShowEvent* e) {
 
 void TabulonWidget::resizeEvent(QResizeEvent* e) {
     QWidget::resizeEvent(e);
-    surface_->Resize(static_cast<float>(width() * TwipsPerPixel), static_cast<float>(height() * TwipsPerPixel));
+    Guarded([&] { surface_->Resize(static_cast<float>(width() * TwipsPerPixel), static_cast<float>(height() * TwipsPerPixel)); });
 }
 
 void TabulonWidget::moveEvent(QMoveEvent* e) {
@@ -108,22 +109,24 @@ void TabulonWidget::mousePressEvent(QMouseEvent* e) {
     lastPressWasDouble_ = second;
     swallowDoubleClick_ = second;
     const int16_t button = ButtonCode(e->button()), shift = ShiftCode(e->modifiers());
-    if (second) surface_->DoubleClick(button, shift, ToTwips(pos.x()), ToTwips(pos.y()));
-    else surface_->MouseDown(button, shift, ToTwips(pos.x()), ToTwips(pos.y()));
+    Guarded([&] {
+        if (second) surface_->DoubleClick(button, shift, ToTwips(pos.x()), ToTwips(pos.y()));
+        else surface_->MouseDown(button, shift, ToTwips(pos.x()), ToTwips(pos.y()));
+    });
     UpdatePointer(pos);
     e->accept();
 }
 
 void TabulonWidget::mouseMoveEvent(QMouseEvent* e) {
     const QPointF pos = e->position();
-    surface_->MouseMove(ButtonsCode(e->buttons()), ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y()));
+    Guarded([&] { surface_->MouseMove(ButtonsCode(e->buttons()), ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y())); });
     UpdatePointer(pos);
     e->accept();
 }
 
 void TabulonWidget::mouseReleaseEvent(QMouseEvent* e) {
     const QPointF pos = e->position();
-    surface_->MouseUp(ButtonCode(e->button()), ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y()));
+    Guarded([&] { surface_->MouseUp(ButtonCode(e->button()), ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y())); });
     UpdatePointer(pos);
     e->accept();
 }
@@ -136,7 +139,7 @@ void TabulonWidget::mouseDoubleClickEvent(QMouseEvent* e) {
         return;
     }
     lastPressWasDouble_ = true;
-    surface_->DoubleClick(ButtonCode(e->button()), ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y()));
+    Guarded([&] { surface_->DoubleClick(ButtonCode(e->button()), ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y())); });
     UpdatePointer(pos);
     e->accept();
 }
@@ -148,16 +151,16 @@ void TabulonWidget::wheelEvent(QWheelEvent* e) {
         return;
     }
     const QPointF pos = e->position();
-    surface_->Wheel(delta, ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y()));
+    Guarded([&] { surface_->Wheel(delta, ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y())); });
     e->accept();
 }
 
 void TabulonWidget::keyPressEvent(QKeyEvent* e) {
     const int16_t shift = ShiftCode(e->modifiers());
     const int16_t code = VirtualKeyCode(e->key(), e->modifiers());
-    if (code != 0) surface_->KeyDown(code, shift);
+    if (code != 0) Guarded([&] { surface_->KeyDown(code, shift); });
     const int16_t ascii = KeyAsciiCode(e->key(), e->text());
-    if (ascii != 0) surface_->KeyPress(ascii);
+    if (ascii != 0) Guarded([&] { surface_->KeyPress(ascii); });
     if (code == 0 && ascii == 0) {
         e->ignore();
         return;
@@ -171,7 +174,7 @@ void TabulonWidget::keyReleaseEvent(QKeyEvent* e) {
         e->ignore();
         return;
     }
-    surface_->KeyUp(code, ShiftCode(e->modifiers()));
+    Guarded([&] { surface_->KeyUp(code, ShiftCode(e->modifiers())); });
     e->accept();
 }
 
@@ -189,7 +192,7 @@ bool TabulonWidget::event(QEvent* e) {
                               (key->key() == Qt::Key_Tab && (key->modifiers() & Qt::ShiftModifier));
             if (key->key() != Qt::Key_Tab && key->key() != Qt::Key_Backtab) break;
             if (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) break;
-            surface_->KeyDown(9, ShiftCode(key->modifiers()));
+            Guarded([&] { surface_->KeyDown(9, ShiftCode(key->modifiers())); });
             focusNextPrevChild(!back);
             return true;
         }

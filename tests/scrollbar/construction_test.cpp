@@ -70,6 +70,16 @@ TEST_F(Construction, DestroyingTheBarRemovesItsElementsAndStopsItsTimers) {
     timers.Advance(1000);  // nothing left to tick
 }
 
+TEST_F(Construction, BarRemovesItsElementsAlsoWhenTheHostReplacedAHandler) {
+    const size_t before = surface.Children().size();
+    {
+        Scorrix other(surface, nullptr, "VS2");
+        other.Corpo().onMouseDown = nullptr;
+        other.Interno().ImageUP->onClick = [](Element&) {};
+    }
+    EXPECT_EQ(surface.Children().size(), before);
+}
+
 TEST_F(Construction, BarOutlivingItsRemovedContainerGoesQuietly) {
     Frame& frame = surface.CreateFrame("Frame1");
     auto inner = std::make_unique<Scorrix>(surface, &frame, "VS2");

@@ -46,9 +46,15 @@ protected:
     }
 
     // Mouse on the surface at a point of the bar's body (body twips).
-    void Press(float x, float y, int16_t button = MouseButton::Left) { surface.MouseDown(button, 0, kLeft + x, kTop + y); }
-    void MoveTo(float x, float y, int16_t buttons = MouseButton::Left) { surface.MouseMove(buttons, 0, kLeft + x, kTop + y); }
-    void Release(float x, float y, int16_t button = MouseButton::Left) { surface.MouseUp(button, 0, kLeft + x, kTop + y); }
+    void Press(float x, float y, int16_t button = MouseButton::Left) {
+        surface.MouseDown(button, 0, kLeft + x, kTop + y);
+    }
+    void MoveTo(float x, float y, int16_t buttons = MouseButton::Left) {
+        surface.MouseMove(buttons, 0, kLeft + x, kTop + y);
+    }
+    void Release(float x, float y, int16_t button = MouseButton::Left) {
+        surface.MouseUp(button, 0, kLeft + x, kTop + y);
+    }
     void Click(float x, float y) {
         Press(x, y);
         Release(x, y);
