@@ -4,6 +4,7 @@
 
 #include "grid/control_state.h"
 #include "grid/tabulon12.h"
+#include "scrollbar/scorrix_impl.h"
 #include "gui_test_support.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "tests/db/sqlite_fixture.h"
@@ -105,6 +106,19 @@ TEST_F(ControlGuiTest, ScrollingWithTheBarRepaintsTheRows) {
     const QImage row1 = top.copy(CellRect(1, 1));
     int32_t one = 1;
     control->Interno().VS1->setValue(one);
+    const QImage scrolled = Shot();
+    EXPECT_EQ(scrolled.copy(CellRect(0, 1)), row1);
+}
+
+TEST_F(ControlGuiTest, ClickingTheBarsDownButtonScrollsThePaintedRows) {
+    control->Carica();
+    const QImage top = Shot();
+    const QImage row1 = top.copy(CellRect(1, 1));
+    const ImageElement& down = *control->Interno().VS1->Interno().ImageDWN;
+    const QPoint centre(static_cast<int>((down.SurfaceLeft() + down.Width() / 2) / TwipsPerPixel),
+                        static_cast<int>((down.SurfaceTop() + down.Height() / 2) / TwipsPerPixel));
+    QTest::mouseClick(widget.get(), Qt::LeftButton, Qt::NoModifier, centre);
+    EXPECT_EQ(control->TopRow(), 1);
     const QImage scrolled = Shot();
     EXPECT_EQ(scrolled.copy(CellRect(0, 1)), row1);
 }
