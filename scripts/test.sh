@@ -13,6 +13,15 @@ if [ -f "$root/tests/lsan.supp" ]; then
   export LSAN_OPTIONS="suppressions=$root/tests/lsan.supp:print_suppressions=0"
 fi
 
+# The PostgreSQL tests run against a throw-away server started here and stopped whatever the
+# outcome; they read its address and password from TABULON_PG_URI and TABULON_PG_PASSWORD.
+pgdir=$(mktemp -d "${TMPDIR:-/tmp}/tabulon_pg.XXXXXX")
+trap '"$root/scripts/postgres.sh" stop "$pgdir"' EXIT
+trap 'exit 130' INT TERM
+"$root/scripts/postgres.sh" start "$pgdir"
+# shellcheck source=/dev/null
+. "$pgdir/env"
+
 for config in release asan; do
   echo "=== $config build"
   start=$(date +%s)
