@@ -66,7 +66,13 @@ DemoWindow::DemoWindow(DatabaseEngine& engine, const std::string& databasePath) 
     resize(1000, 700);
 }
 
-DemoWindow::~DemoWindow() { control_->setEvents(nullptr); }
+DemoWindow::~DemoWindow() {
+    // The widget shows the control's surface: it goes first, while the control still exists.
+    control_->setEvents(nullptr);
+    delete takeCentralWidget();
+    list_ = nullptr;
+    log_ = nullptr;
+}
 
 void DemoWindow::Load() {
     Tabulon12& c = *control_;
