@@ -109,7 +109,7 @@ void DemoWindow::MouseMove(int16_t&, int16_t&, float&, float&) {}  // too many t
 void DemoWindow::GoDown() { Log(QStringLiteral("GoDown")); }
 void DemoWindow::GoUp() { Log(QStringLiteral("GoUp")); }
 void DemoWindow::Caricato() {
-    Log(QStringLiteral("Caricato: %1 righe da %2").arg(control_->RighePiene()).arg(QString::fromStdString(databasePath_)));
+    Log(QStringLiteral("Caricato: %1 righe").arg(control_->RighePiene()));
 }
 void DemoWindow::Click() { Log(QStringLiteral("Click")); }
 void DemoWindow::DblClick() { Log(QStringLiteral("DblClick")); }

@@ -1,6 +1,8 @@
 // The demo host: a window with a list of orders from the bundled sample database.
 //   tabulon_demo                     shows the window (or, without a display, writes a screenshot)
 //   tabulon_demo --screenshot FILE   writes the window as a PNG file and exits
+//   tabulon_demo --database NAME     reads the orders from another database with the sample's
+//                                    schema: a SQLite file or a postgresql:// URI
 #include <QApplication>
 #include <clocale>
 #include <cstdio>
@@ -12,6 +14,8 @@
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/screenshot.h"
 #include "platform/runtime/error.h"
+#include "platform/db/composite_engine.h"
+#include "platform/postgres/postgres_engine.h"
 #include "platform/sqlite/sqlite_engine.h"
 
 namespace {
@@ -30,7 +34,7 @@ bool HasDisplay() {
 }
 
 int Usage() {
-    std::fprintf(stderr, "usage: tabulon_demo [--screenshot FILE]\n");
+    std::fprintf(stderr, "usage: tabulon_demo [--screenshot FILE] [--database NAME]\n");
     return 2;
 }
 
@@ -39,8 +43,10 @@ int Usage() {
 int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     std::string screenshot;
+    std::string database = TABULON_SAMPLE_DB;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--screenshot") == 0 && i + 1 < argc) screenshot = argv[++i];
+        else if (std::strcmp(argv[i], "--database") == 0 && i + 1 < argc) database = argv[++i];
         else return Usage();
     }
     if (!HasDisplay()) {
@@ -50,8 +56,11 @@ int main(int argc, char** argv) {
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tabulon12 demo"));
-    TabulonLib12::SqliteEngine engine;
-    TabulonLib12::Demo::DemoWindow window(engine, TABULON_SAMPLE_DB);
+    // One engine for every name: server URIs go to PostgreSQL, file paths to SQLite.
+    TabulonLib12::SqliteEngine files;
+    TabulonLib12::PostgresEngine servers;
+    TabulonLib12::CompositeEngine engine(servers, files);
+    TabulonLib12::Demo::DemoWindow window(engine, database);
     if (!screenshot.empty()) {
         window.resize(1000, 700);
         window.show();
