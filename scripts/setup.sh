@@ -10,6 +10,7 @@ packages=(
   libsqlite3-dev sqlite3
   libpq-dev postgresql
   fonts-liberation fontconfig
+  locales
 )
 
 missing=()
@@ -26,3 +27,13 @@ if ((${#missing[@]})); then
   "${sudo_cmd[@]}" apt-get update -qq
   DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
 fi
+
+# The tests read the number and date settings of real Italian and US locales.
+for loc in it_IT en_US; do
+  if ! locale -a 2>/dev/null | grep -qi "^${loc}\.utf-\?8$"; then
+    echo "setup: generating the ${loc}.UTF-8 locale"
+    sudo_cmd=()
+    [ "$(id -u)" -eq 0 ] || sudo_cmd=(sudo)
+    "${sudo_cmd[@]}" localedef -i "$loc" -f UTF-8 "$loc.UTF-8"
+  fi
+done
