@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "platform/runtime/datetime.h"
 #include "platform/runtime/conversions.h"
 #include "postgres_internal.h"
 
@@ -31,22 +32,11 @@ ColumnType SizedText(int modifier) {
     return {FieldType::Text, ValueKind::Text};
 }
 
-bool ReadDigits(std::string_view text, size_t at, size_t count, int& value) {
-    if (at + count > text.size()) return false;
-    value = 0;
-    for (size_t i = at; i < at + count; ++i) {
-        char c = text[i];
-        if (c < '0' || c > '9') return false;
-        value = value * 10 + (c - '0');
-    }
-    return true;
-}
-
 // "hh:nn:ss[.f...][(+|-)hh[:nn[:ss]]]" from `at` to the end.
 bool ReadTime(std::string_view text, size_t at, DateParts& parts) {
-    if (!ReadDigits(text, at, 2, parts.hour) || at + 2 >= text.size() || text[at + 2] != ':' ||
-        !ReadDigits(text, at + 3, 2, parts.minute) || at + 5 >= text.size() || text[at + 5] != ':' ||
-        !ReadDigits(text, at + 6, 2, parts.second)) {
+    if (!ReadFixedDigits(text, at, 2, parts.hour) || at + 2 >= text.size() || text[at + 2] != ':' ||
+        !ReadFixedDigits(text, at + 3, 2, parts.minute) || at + 5 >= text.size() || text[at + 5] != ':' ||
+        !ReadFixedDigits(text, at + 6, 2, parts.second)) {
         return false;
     }
     size_t i = at + 8;
@@ -227,8 +217,8 @@ bool ReadDateTime(ValueKind kind, std::string_view text, DateTime& out) {
     if (kind == ValueKind::Time) {
         if (!ReadTime(text, 0, parts)) return false;
     } else {
-        if (text.size() < 10 || text[4] != '-' || text[7] != '-' || !ReadDigits(text, 0, 4, parts.year) ||
-            !ReadDigits(text, 5, 2, parts.month) || !ReadDigits(text, 8, 2, parts.day)) {
+        if (text.size() < 10 || text[4] != '-' || text[7] != '-' || !ReadFixedDigits(text, 0, 4, parts.year) ||
+            !ReadFixedDigits(text, 5, 2, parts.month) || !ReadFixedDigits(text, 8, 2, parts.day)) {
             return false;
         }
         if (kind == ValueKind::Date) {

@@ -282,6 +282,17 @@ std::optional<DateTime> ParseDate(std::string_view text, const SystemSettings& s
     return std::nullopt;
 }
 
+bool ReadFixedDigits(std::string_view text, size_t at, size_t count, int& value) {
+    if (at > text.size() || count > text.size() - at) return false;
+    value = 0;
+    for (size_t i = at; i < at + count; ++i) {
+        const char c = text[i];
+        if (c < '0' || c > '9') return false;
+        value = value * 10 + (c - '0');
+    }
+    return true;
+}
+
 std::string DateToText(DateTime value, const SystemSettings& settings) {
     const DateParts parts = SplitDate(value);
     const bool midnight = parts.hour == 0 && parts.minute == 0 && parts.second == 0;

@@ -38,6 +38,10 @@ DateParts SplitDate(DateTime value);
 // Anything else, including an impossible date or time, gives nothing.
 std::optional<DateTime> ParseDate(std::string_view text, const SystemSettings& settings);
 
+// Reads exactly `count` decimal digits of `text` from `at` into `value`; false when the text
+// is shorter or holds another character there. The engines read their ISO date texts with it.
+bool ReadFixedDigits(std::string_view text, size_t at, size_t count, int& value);
+
 // The general text of a date: the short date with a four-digit year in the system's order and
 // separator; the time "hh:nn:ss" is added when it is not midnight; a date of 30/12/1899 with a
 // time shows the time alone. Day, month, hours, minutes and seconds take two digits, hours

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "sqlite_internal.h"
+#include "platform/runtime/datetime.h"
 
 namespace TabulonLib12::detail {
 
@@ -85,26 +86,15 @@ long DeclaredLength(std::string_view declared) {
     return length;
 }
 
-bool ReadDigits(std::string_view text, size_t at, size_t count, int& value) {
-    if (at + count > text.size()) return false;
-    value = 0;
-    for (size_t i = at; i < at + count; ++i) {
-        char c = text[i];
-        if (c < '0' || c > '9') return false;
-        value = value * 10 + (c - '0');
-    }
-    return true;
-}
-
 // "hh:nn[:ss[.fff]]" from `at` to the end of the text.
 bool ReadIsoTime(std::string_view text, size_t at, DateParts& parts) {
-    if (!ReadDigits(text, at, 2, parts.hour) || at + 2 >= text.size() || text[at + 2] != ':' ||
-        !ReadDigits(text, at + 3, 2, parts.minute)) {
+    if (!ReadFixedDigits(text, at, 2, parts.hour) || at + 2 >= text.size() || text[at + 2] != ':' ||
+        !ReadFixedDigits(text, at + 3, 2, parts.minute)) {
         return false;
     }
     size_t end = at + 5;
     if (end < text.size()) {
-        if (text[end] != ':' || !ReadDigits(text, end + 1, 2, parts.second)) return false;
+        if (text[end] != ':' || !ReadFixedDigits(text, end + 1, 2, parts.second)) return false;
         end += 3;
         if (end < text.size()) {
             if (text[end] != '.' || end + 1 == text.size()) return false;
@@ -145,8 +135,8 @@ int16_t StorageTypeCode(int storageClass) {
 bool ReadIsoDate(std::string_view text, DateTime& out) {
     DateParts parts;
     if (text.size() >= 10 && text[4] == '-' && text[7] == '-') {
-        if (!ReadDigits(text, 0, 4, parts.year) || !ReadDigits(text, 5, 2, parts.month) ||
-            !ReadDigits(text, 8, 2, parts.day)) {
+        if (!ReadFixedDigits(text, 0, 4, parts.year) || !ReadFixedDigits(text, 5, 2, parts.month) ||
+            !ReadFixedDigits(text, 8, 2, parts.day)) {
             return false;
         }
         if (text.size() > 10) {
