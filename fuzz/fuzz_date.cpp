@@ -9,9 +9,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <string_view>
 
-#include "fuzz/fuzz_settings.h"
+#include "fuzz/fuzz_common.h"
 #include "platform/runtime/datetime.h"
 #include "platform/runtime/error.h"
 
@@ -54,7 +55,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
     const SystemSettings& settings = Fuzz::SettingsFor(data[0]);
-    const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    std::string storage;
+    const std::string_view text =
+        Fuzz::Grown(std::string_view(reinterpret_cast<const char*>(data) + 1, size - 1), storage);
 
     if (const auto date = ParseDate(text, settings)) {
         std::string general;

@@ -1,9 +1,11 @@
-// The format engine on arbitrary bytes. The first byte picks the settings; the rest is the
-// pattern, then a NUL byte, then the value (no NUL: all pattern, empty value). Besides crashes,
-// sanitizer findings, hangs and exceptions (none may leave FormatText or FormatByKey), it checks:
+// The format engine on arbitrary bytes. The first byte picks the settings (and, in the long-input
+// mode of fuzz_common.h, with bit 0x10 grows the pattern and with 0x20 the value to a megabyte);
+// the rest is the pattern, then a NUL byte, then the value (no NUL: all pattern, empty value).
+// Besides crashes, sanitizer findings, hangs and exceptions (none may leave FormatText or
+// FormatByKey), it checks:
 // - text that is neither a number nor a date passes FormatText unchanged;
 // - the format keys: "" gives "", "Nessuno" the value, "Numerico" a number, an unknown key "";
-// - FormatNumber throws only an overflow, and only for a date pattern;
+// - FormatNumber throws only an overflow, and only for a serial beyond the dates;
 // - valid UTF-8 in gives valid UTF-8 out;
 // - the text is never longer than the value plus a few bytes per pattern byte.
 #include <cmath>
@@ -14,7 +16,7 @@
 #include <string>
 #include <string_view>
 
-#include "fuzz/fuzz_settings.h"
+#include "fuzz/fuzz_common.h"
 #include "platform/runtime/conversions.h"
 #include "platform/runtime/datetime.h"
 #include "platform/runtime/error.h"
@@ -91,8 +93,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const SystemSettings& settings = Fuzz::SettingsFor(data[0]);
     const std::string_view rest(reinterpret_cast<const char*>(data) + 1, size - 1);
     const size_t nul = rest.find('\0');
-    const std::string_view pattern = rest.substr(0, nul);
-    const std::string_view value = nul == std::string_view::npos ? std::string_view() : rest.substr(nul + 1);
+    // In the long-input mode the settings byte also says which of the two grows to a megabyte.
+    std::string patternStorage;
+    std::string valueStorage;
+    std::string_view pattern = rest.substr(0, nul);
+    std::string_view value = nul == std::string_view::npos ? std::string_view() : rest.substr(nul + 1);
+    if ((data[0] & 0x10) != 0) {
+        pattern = Fuzz::Grown(pattern, patternStorage);
+    }
+    if ((data[0] & 0x20) != 0) {
+        value = Fuzz::Grown(value, valueStorage);
+    }
 
     const std::string formatted = FormatText(value, pattern, settings);
     CheckSize(formatted, pattern, value);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/runtime/conversions.h"
+
 namespace TabulonLib12 {
 namespace {
 
@@ -76,9 +78,16 @@ TEST(FormatByKey, ItalianSettings) {
                             {"05/03/2024", "Valuta", "05/03/2024"},
                             {"05/03/2024", "Single", "05/03/2024"},
                             {"05/03/2024", "Numerico", "0"},
-                            {"2024-03-05 14:30:00", "Data", "05/03/2024"},
+                            {"2024-03-05", "Data", "05/03/2024"},
+                            {"2024-03-05", "Data Breve", "05/03/24"},
+                            {"2024-03-05", "Valuta", "2024-03-05"},
+                            {"2024-03-05", "Data", "05/03/2024"},
+                       {"2024-03-05", "Ora", "00:00"},
+                       {"2024-03-05 14:30:00", "Data", "05/03/2024"},
                             {"2024-03-05 14:30:00", "Ora", "14:30"},
-                            {"2024-03-05 14:30:00", "Data Breve", "05/03/24"},
+                            {"2024-03-05", "Data", "05/03/2024"},
+                      {"2024-03-05", "Numeri_4_Dec", "2024-03-05"},
+                      {"2024-03-05 14:30:00", "Data Breve", "05/03/24"},
                             {"2024-03-05 14:30:00", "Nessuno", "2024-03-05 14:30:00"},
                             {"2024-03-05 14:30:00", "Numeri_4_Dec", "2024-03-05 14:30:00"},
                             {"1.5.2024", "Data", "01/05/2024"},
@@ -159,6 +168,22 @@ TEST(FormatByKey, CurrencyNegativeFormFollowsTheSettings) {
     EXPECT_EQ(FormatByKey("-1234.5", "Valuta", us), "($1,234.50)");
     EXPECT_EQ(FormatByKey("1234.5", "Valuta", us), "$1,234.50");
     EXPECT_EQ(FormatByKey("-0.001", "Valuta", us), "$0.00");  // zero as shown takes no sign
+}
+
+TEST(FormatByKey, NumberKeysReadTheirOwnTextBack) {
+    // What a number key shows is a number to the same settings, and shows the same again.
+    SystemSettings parentheses = SystemSettings::UsEnglish();
+    parentheses.currencyNegativeParentheses = true;
+    for (const SystemSettings& settings :
+         {SystemSettings::Italian(), SystemSettings::UsEnglish(), SystemSettings::C(), parentheses}) {
+        for (double value : {0.0, 0.5, -0.5, 1234.5, -1234.5, 1234567.891, -0.125, 1e15}) {
+            const std::string text = NumberToText(value, settings);
+            for (const char* key : {"Valuta", "Single", "Numeri_4_Dec", "Numerico"}) {
+                const std::string shown = FormatByKey(text, key, settings);
+                EXPECT_EQ(FormatByKey(shown, key, settings), shown) << key << " of " << text;
+            }
+        }
+    }
 }
 
 TEST(FormatText, EmptyPatternGivesTheTextUnchanged) {
