@@ -94,13 +94,16 @@ void Tabulon12::Impl::Carica(bool soloRefresh) {
                 while (true) {
                     bool eof = true;
                     if (!Step(err, [&] { eof = rs->IsEOF(); }) || eof) break;
+                    // A record beyond the counted ones has no row in the store; its cells fail
+                    // to be stored, as writes beyond the bound would, and the sums go on.
+                    const bool rowInStore = n <= MatriceRighe.RowBound();
                     for (size_t c = 0; c < nCampi; ++c) {
                         const int f = fieldOf[c];
                         if (f < 0) continue;
                         Step(err, [&] {
                             text.clear();
-                            if (!rs->FieldIsNull(f)) rs->AppendFieldText(f, text);
-                            if (MatriceRighe.InBounds(n, static_cast<int64_t>(c))) MatriceRighe.SetCell(n, c, text);
+                            rs->AppendFieldText(f, text);  // a Null appends nothing
+                            if (rowInStore) MatriceRighe.SetCell(n, c, text);
                             if (n == 0) col.TipoCampoRilevato[c] = DecimalText(rs->FieldType(f));
                             if (decimals[c] >= 0) {
                                 const double v = RoundHalfEven(rs->FieldNumber(f), decimals[c]);
