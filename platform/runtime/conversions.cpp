@@ -377,6 +377,59 @@ double Val(std::string_view text) {
     return value;
 }
 
+namespace {
+
+// Splits "d.ddde+XX" into its digits and exponent.
+void SplitScientific(std::string_view text, std::string& digits, int& exponent) {
+    const size_t mark = text.find('e');
+    digits.clear();
+    for (char c : text.substr(0, mark)) {
+        if (c >= '0' && c <= '9') digits.push_back(c);
+    }
+    const std::string_view exponentText = text.substr(mark + 1);
+    exponent = 0;
+    std::from_chars(exponentText.data() + (exponentText.front() == '+' ? 1 : 0),
+                    exponentText.data() + exponentText.size(), exponent);
+}
+
+// The significant digits of a positive finite value rounded to fifteen, and the power of ten of
+// the first. The shortest text that reads back as the value is cheap to make. With fifteen
+// digits or fewer it is that rounding (the value lies within half a unit of its last place).
+// With sixteen or seventeen it lies within half a unit in the last place of the double, which
+// is less than 11.1 units of the seventeenth digit, of the value: so when its digits after the
+// fifteenth are below 38 or above 62 (in seventeenth-digit units) the rounding of the value goes
+// the same way as theirs. Near the halfway point, and for subnormal values (whose shortest text
+// carries fewer digits than they have), the value is rounded by the library.
+void FifteenDigits(double magnitude, std::string& digits, int& exponent) {
+    std::array<char, 64> buffer{};
+    auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific);
+    SplitScientific(std::string_view(buffer.data(), static_cast<size_t>(written.ptr - buffer.data())), digits, exponent);
+    const bool normal = magnitude >= std::numeric_limits<double>::min();
+    if (digits.size() <= 15 && normal) return;
+    if (normal) {
+        const int tail = (digits[15] - '0') * 10 + (digits.size() > 16 ? digits[16] - '0' : 0);
+        if (tail < 38 || tail > 62) {
+            digits.resize(15);
+            if (tail > 62) {
+                int i = 14;
+                while (i >= 0 && digits[static_cast<size_t>(i)] == '9') digits[static_cast<size_t>(i--)] = '0';
+                if (i < 0) {
+                    digits.insert(digits.begin(), '1');
+                    digits.pop_back();
+                    ++exponent;
+                } else {
+                    ++digits[static_cast<size_t>(i)];
+                }
+            }
+            return;
+        }
+    }
+    written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific, 14);
+    SplitScientific(std::string_view(buffer.data(), static_cast<size_t>(written.ptr - buffer.data())), digits, exponent);
+}
+
+}  // namespace
+
 std::string NumberToText(double value, const SystemSettings& settings) {
     if (std::isnan(value)) {
         return "NaN";
@@ -387,41 +440,13 @@ std::string NumberToText(double value, const SystemSettings& settings) {
     if (value == 0.0) {
         return "0";
     }
-    // Fifteen significant digits, rounded once, as "d.dddddddddddddde+XX". The shortest text
-    // that reads back as the value is that rounding whenever it has fifteen digits or fewer
-    // (the value lies within half a unit of the last place of it), and it is much cheaper to
-    // make; longer ones, and subnormal values (whose shortest text carries fewer digits than
-    // they have), are rounded to fifteen digits.
-    std::array<char, 64> buffer{};
-    std::to_chars_result written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                                 std::chars_format::scientific);
-    if (written.ec == std::errc()) {
-        size_t significant = 0;
-        for (const char* p = buffer.data(); p != written.ptr && *p != 'e'; ++p) significant += IsDigit(*p) ? 1 : 0;
-        if (significant > 15 || std::fabs(value) < std::numeric_limits<double>::min()) {
-            written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                    std::chars_format::scientific, 14);
-        }
-    }
-    const auto [end, ec] = written;
-    if (ec != std::errc()) {
-        return "0";  // cannot happen for a finite double in a 64-byte buffer
-    }
-    const std::string_view text(buffer.data(), static_cast<size_t>(end - buffer.data()));
-    const size_t mark = text.find('e');
+    // Fifteen significant digits of the value, rounded once (half to even on the exact value).
     std::string digits;
-    for (char c : text.substr(0, mark)) {
-        if (IsDigit(c)) {
-            digits.push_back(c);
-        }
-    }
+    int exponent = 0;
+    FifteenDigits(std::fabs(value), digits, exponent);
     while (digits.size() > 1 && digits.back() == '0') {
         digits.pop_back();
     }
-    int exponent = 0;
-    const std::string_view exponentText = text.substr(mark + 1);
-    std::from_chars(exponentText.data() + (exponentText.front() == '+' ? 1 : 0),
-                    exponentText.data() + exponentText.size(), exponent);
 
     std::string result = value < 0 ? "-" : "";
     const int count = static_cast<int>(digits.size());

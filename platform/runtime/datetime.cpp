@@ -245,12 +245,6 @@ bool ReadTimeAlone(std::string_view text, const SystemSettings& settings, DatePa
     return ReadTime(reader, settings, parts) && reader.AtEnd();
 }
 
-// Dates are printed for every date cell of a load: digits are written by hand.
-std::string TwoDigits(int value) {
-    if (value < 0 || value > 99) return std::to_string(value);
-    return std::string{static_cast<char>('0' + value / 10), static_cast<char>('0' + value % 10)};
-}
-
 std::string FourDigits(int value) {
     if (value < 0 || value > 9999) return std::to_string(value);
     return std::string{static_cast<char>('0' + value / 1000), static_cast<char>('0' + value / 100 % 10),
@@ -296,28 +290,34 @@ bool ReadFixedDigits(std::string_view text, size_t at, size_t count, int& value)
 std::string DateToText(DateTime value, const SystemSettings& settings) {
     const DateParts parts = SplitDate(value);
     const bool midnight = parts.hour == 0 && parts.minute == 0 && parts.second == 0;
-    const std::string time = midnight ? std::string()
-                                      : TwoDigits(parts.hour) + settings.timeSeparator + TwoDigits(parts.minute) +
-                                            settings.timeSeparator + TwoDigits(parts.second);
     const bool dayZero = parts.year == 1899 && parts.month == 12 && parts.day == 30;
-    if (dayZero && !midnight) {
-        return time;
-    }
-    const std::string year = FourDigits(parts.year);
+    // Written into one string: a load prints a date for every date cell.
+    std::string text;
+    text.reserve(24);
+    auto two = [&text](int v) {
+        if (v < 0 || v > 99) text += std::to_string(v);
+        else text += {static_cast<char>('0' + v / 10), static_cast<char>('0' + v % 10)};
+    };
+    auto year = [&text, &parts] { text += FourDigits(parts.year); };
     const std::string& sep = settings.dateSeparator;
-    std::string date;
-    switch (settings.dateOrder) {
-    case DateOrder::DayMonthYear:
-        date = TwoDigits(parts.day) + sep + TwoDigits(parts.month) + sep + year;
-        break;
-    case DateOrder::MonthDayYear:
-        date = TwoDigits(parts.month) + sep + TwoDigits(parts.day) + sep + year;
-        break;
-    case DateOrder::YearMonthDay:
-        date = year + sep + TwoDigits(parts.month) + sep + TwoDigits(parts.day);
-        break;
+    if (!dayZero || midnight) {
+        switch (settings.dateOrder) {
+        case DateOrder::DayMonthYear:
+            two(parts.day), text += sep, two(parts.month), text += sep, year();
+            break;
+        case DateOrder::MonthDayYear:
+            two(parts.month), text += sep, two(parts.day), text += sep, year();
+            break;
+        case DateOrder::YearMonthDay:
+            year(), text += sep, two(parts.month), text += sep, two(parts.day);
+            break;
+        }
+        if (midnight) return text;
+        text += ' ';
     }
-    return midnight ? date : date + " " + time;
+    two(parts.hour), text += settings.timeSeparator, two(parts.minute), text += settings.timeSeparator,
+        two(parts.second);
+    return text;
 }
 
 }  // namespace TabulonLib12

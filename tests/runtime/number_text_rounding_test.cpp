@@ -37,6 +37,32 @@ TEST(NumberToText, ReadsBackAsTheValueRoundedToFifteenDigits) {
     }
 }
 
+TEST(NumberToText, ValuesCloseToTheHalfwayOfTheFifteenthDigitRoundExactly) {
+    // Seventeen-digit texts whose digits after the fifteenth lie around 50, and runs of nines
+    // that carry into a new leading digit.
+    const SystemSettings c = SystemSettings::C();
+    std::mt19937_64 random(99);
+    std::uniform_int_distribution<int> digit(0, 9);
+    std::uniform_int_distribution<int> tail(30, 70);
+    std::uniform_int_distribution<int> exponent(-20, 20);
+    for (int i = 0; i < 200000; ++i) {
+        std::string text;
+        text += static_cast<char>('1' + digit(random) % 9);
+        text += '.';
+        for (int d = 1; d < 15; ++d) text += static_cast<char>(i % 11 == 0 ? '9' : '0' + digit(random));
+        const int t = tail(random);
+        text += static_cast<char>('0' + t / 10);
+        text += static_cast<char>('0' + t % 10);
+        text += "e" + std::to_string(exponent(random));
+        const double x = std::strtod(text.c_str(), nullptr);
+        const auto back = ParseNumber(NumberToText(x, c), c);
+        ASSERT_TRUE(back.has_value());
+        ASSERT_EQ(*back, FifteenDigits(x)) << text;
+    }
+    EXPECT_EQ(NumberToText(9.9999999999999995, c), "10");
+    EXPECT_EQ(NumberToText(0.99999999999999989, c), "1");
+}
+
 TEST(NumberToText, ShortValuesKeepTheirShortText) {
     const SystemSettings c = SystemSettings::C();
     EXPECT_EQ(NumberToText(11.08, c), "11.08");
