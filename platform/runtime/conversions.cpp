@@ -379,17 +379,26 @@ double Val(std::string_view text) {
 
 namespace {
 
+// The significant digits of a number, at most seventeen, kept without a heap allocation: the
+// general text of a number is made for every number cell of a load.
+struct DigitRun {
+    std::array<char, 24> d{};
+    size_t n = 0;
+    std::string_view view() const { return {d.data(), n}; }
+};
+
 // Splits "d.ddde+XX" into its digits and exponent.
-void SplitScientific(std::string_view text, std::string& digits, int& exponent) {
-    const size_t mark = text.find('e');
-    digits.clear();
-    for (char c : text.substr(0, mark)) {
-        if (c >= '0' && c <= '9') digits.push_back(c);
+void SplitScientific(const char* begin, const char* end, DigitRun& digits, int& exponent) {
+    digits.n = 0;
+    const char* p = begin;
+    for (; p != end && *p != 'e'; ++p) {
+        if (*p >= '0' && *p <= '9' && digits.n < digits.d.size()) digits.d[digits.n++] = *p;
     }
-    const std::string_view exponentText = text.substr(mark + 1);
     exponent = 0;
-    std::from_chars(exponentText.data() + (exponentText.front() == '+' ? 1 : 0),
-                    exponentText.data() + exponentText.size(), exponent);
+    if (p == end) return;
+    ++p;
+    if (p != end && *p == '+') ++p;
+    std::from_chars(p, end, exponent);
 }
 
 // The significant digits of a positive finite value rounded to fifteen, and the power of ten of
@@ -400,32 +409,31 @@ void SplitScientific(std::string_view text, std::string& digits, int& exponent) 
 // fifteenth are below 38 or above 62 (in seventeenth-digit units) the rounding of the value goes
 // the same way as theirs. Near the halfway point, and for subnormal values (whose shortest text
 // carries fewer digits than they have), the value is rounded by the library.
-void FifteenDigits(double magnitude, std::string& digits, int& exponent) {
+void FifteenDigits(double magnitude, DigitRun& digits, int& exponent) {
     std::array<char, 64> buffer{};
     auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific);
-    SplitScientific(std::string_view(buffer.data(), static_cast<size_t>(written.ptr - buffer.data())), digits, exponent);
+    SplitScientific(buffer.data(), written.ptr, digits, exponent);
     const bool normal = magnitude >= std::numeric_limits<double>::min();
-    if (digits.size() <= 15 && normal) return;
+    if (digits.n <= 15 && normal) return;
     if (normal) {
-        const int tail = (digits[15] - '0') * 10 + (digits.size() > 16 ? digits[16] - '0' : 0);
+        const int tail = (digits.d[15] - '0') * 10 + (digits.n > 16 ? digits.d[16] - '0' : 0);
         if (tail < 38 || tail > 62) {
-            digits.resize(15);
+            digits.n = 15;
             if (tail > 62) {
                 int i = 14;
-                while (i >= 0 && digits[static_cast<size_t>(i)] == '9') digits[static_cast<size_t>(i--)] = '0';
+                while (i >= 0 && digits.d[static_cast<size_t>(i)] == '9') digits.d[static_cast<size_t>(i--)] = '0';
                 if (i < 0) {
-                    digits.insert(digits.begin(), '1');
-                    digits.pop_back();
+                    digits.d[0] = '1';  // 999...9 carried: 1000...0 with the next power of ten
                     ++exponent;
                 } else {
-                    ++digits[static_cast<size_t>(i)];
+                    ++digits.d[static_cast<size_t>(i)];
                 }
             }
             return;
         }
     }
     written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific, 14);
-    SplitScientific(std::string_view(buffer.data(), static_cast<size_t>(written.ptr - buffer.data())), digits, exponent);
+    SplitScientific(buffer.data(), written.ptr, digits, exponent);
 }
 
 }  // namespace
@@ -441,21 +449,23 @@ std::string NumberToText(double value, const SystemSettings& settings) {
         return "0";
     }
     // Fifteen significant digits of the value, rounded once (half to even on the exact value).
-    std::string digits;
+    DigitRun run;
     int exponent = 0;
-    FifteenDigits(std::fabs(value), digits, exponent);
-    while (digits.size() > 1 && digits.back() == '0') {
-        digits.pop_back();
+    FifteenDigits(std::fabs(value), run, exponent);
+    while (run.n > 1 && run.d[run.n - 1] == '0') {
+        --run.n;
     }
+    const std::string_view digits = run.view();
 
     std::string result = value < 0 ? "-" : "";
+    result.reserve(24);
     const int count = static_cast<int>(digits.size());
     if (exponent < -4 || exponent > 14) {
         // Exponent form: "1.5E+16", "1E-05"; at least two exponent digits.
         result += digits[0];
         if (count > 1) {
             result += settings.decimalSeparator;
-            result.append(digits, 1);
+            result.append(digits.substr(1));
         }
         const int magnitude = exponent < 0 ? -exponent : exponent;
         result += exponent < 0 ? "E-" : "E+";
@@ -469,9 +479,9 @@ std::string NumberToText(double value, const SystemSettings& settings) {
             result += digits;
             result.append(static_cast<size_t>(whole - count), '0');
         } else {
-            result.append(digits, 0, static_cast<size_t>(whole));
+            result.append(digits.substr(0, static_cast<size_t>(whole)));
             result += settings.decimalSeparator;
-            result.append(digits, static_cast<size_t>(whole));
+            result.append(digits.substr(static_cast<size_t>(whole)));
         }
     } else {
         result += '0';
