@@ -11,6 +11,24 @@
 
 namespace TabulonBench {
 
+// The ten columns of the mixed table on a control sized for `rows` surface rows, with the
+// query of the benchmarks.
+inline void DefineMixedList(TabulonLib12::Tabulon12& control, int rows) {
+    const float rowHeight = static_cast<float>(control.Interno().FG1->RowHeight(0));
+    control.Superficie().Resize(15600, 345 + (rows + 2) * rowHeight);
+    const char* fields[] = {"id", "code", "city", "day", "price", "rate", "qty", "paid", "note", "colour"};
+    const char* formats[] = {"Nessuno", "Nessuno", "Nessuno", "Data", "Valuta", "Single", "Numerico", "Nessuno",
+                             "Nessuno", "Nessuno"};
+    control.setCols(10);
+    for (int16_t c = 0; c < 10; ++c) {
+        control.setCampoQuery(c, fields[c]);
+        control.setFormato(c, formats[c]);
+        control.setColsWidth(c, 1500);
+    }
+    control.setColonnaColore(9);
+    control.setQueryString(kMixedQuery);
+}
+
 struct ControlRig {
     TabulonLib12::HeadlessTextMetrics metrics;
     TabulonLib12::ManualTimerService timers;
@@ -29,20 +47,8 @@ struct ControlRig {
         host.engine = &engine;
         control = std::make_unique<TabulonLib12::Tabulon12>(host, useMetrics ? *useMetrics : metrics,
                                                             useTimers ? *useTimers : timers);
-        const float rowHeight = static_cast<float>(control->Interno().FG1->RowHeight(0));
-        control->Superficie().Resize(15600, 345 + (rows + 2) * rowHeight);
-        const char* fields[] = {"id", "code", "city", "day", "price", "rate", "qty", "paid", "note", "colour"};
-        const char* formats[] = {"Nessuno", "Nessuno", "Nessuno", "Data", "Valuta", "Single", "Numerico", "Nessuno",
-                                 "Nessuno", "Nessuno"};
-        control->setCols(10);
-        for (int16_t c = 0; c < 10; ++c) {
-            control->setCampoQuery(c, fields[c]);
-            control->setFormato(c, formats[c]);
-            control->setColsWidth(c, 1500);
-        }
-        control->setColonnaColore(9);
+        DefineMixedList(*control, rows);
         control->setDataBaseName(MixedDatabase(records));
-        control->setQueryString(kMixedQuery);
     }
 };
 

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "bench_support.h"
+#include "control_rig.h"
 #include "grid/control_state.h"
 #include "grid/tabulon12.h"
 #include "platform/postgres/postgres_engine.h"
@@ -136,21 +137,9 @@ struct PostgresRig {
         host.screen = &screen;
         host.engine = &engine;
         control = std::make_unique<Tabulon12>(host, metrics, timers);
-        const float rowHeight = static_cast<float>(control->Interno().FG1->RowHeight(0));
-        control->Superficie().Resize(15600, 345 + 32 * rowHeight);
-        const char* fields[] = {"id", "code", "city", "day", "price", "rate", "qty", "paid", "note", "colour"};
-        const char* formats[] = {"Nessuno", "Nessuno", "Nessuno", "Data", "Valuta", "Single", "Numerico", "Nessuno",
-                                 "Nessuno", "Nessuno"};
-        control->setCols(10);
-        for (int16_t c = 0; c < 10; ++c) {
-            control->setCampoQuery(c, fields[c]);
-            control->setFormato(c, formats[c]);
-            control->setColsWidth(c, 1500);
-        }
-        control->setColonnaColore(9);
+        DefineMixedList(*control, 30);
         control->Interno().Password = Env("TABULON_PG_PASSWORD");
         control->setDataBaseName(BenchUri());
-        control->setQueryString(kMixedQuery);
     }
 };
 
