@@ -73,9 +73,11 @@ void Tabulon12::Impl::MessageBox(const std::string& text, int16_t style) const {
     if (host.messages) host.messages->MsgBox(text, style, "");
 }
 
+// The screen's pointer is the host's where it offers one, otherwise the surface's realisation
+// sets it.
 void Tabulon12::Impl::SetScreenPointer(int16_t pointer) {
     if (host.screen) host.screen->setMousePointer(pointer);
-    surface.setScreenPointer(pointer);
+    else surface.setScreenPointer(pointer);
 }
 
 }  // namespace TabulonLib12
