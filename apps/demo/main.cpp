@@ -4,6 +4,7 @@
 //   tabulon_demo --database NAME     reads the orders from another database with the sample's
 //                                    schema: a SQLite file or a postgresql:// URI
 #include <QApplication>
+#include <QFileInfo>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -86,7 +87,8 @@ int main(int argc, char** argv) {
             std::fprintf(stderr, "Screenshot not written to %s: %s\n", screenshot.c_str(), e.description().c_str());
             return 1;
         }
-        std::printf("Screenshot written to %s\n", screenshot.c_str());
+        const QString where = QFileInfo(QString::fromStdString(screenshot)).absoluteFilePath();
+        std::printf("Screenshot written to %s\n", where.toLocal8Bit().constData());
         return 0;
     }
     window.show();
