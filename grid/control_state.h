@@ -154,6 +154,11 @@ struct Tabulon12::Impl {
     // --- structure and the presentation around the cells ---
     void CreaComposizione();
     void CaricaStruttura();
+    // The rows that fit under the grid's top above BottomHeight: FG1's height and rows, and
+    // MinRows. The build drops a failing step; the resize layout hands it on.
+    void ApplicaRegolaAltezza(bool dropFailures);
+    // The scroll bar, the outline and the chooser button placed around the grid.
+    void DisponiIntornoGriglia();
     void RicostruisciControlliColonna();
     void DisponiSfondiTesta();
     void DisponiTestate();

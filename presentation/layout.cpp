@@ -9,7 +9,6 @@ namespace TabulonLib12 {
 
 void Tabulon12::Impl::LayoutRidimensionamento() {
     const float W = surface.Width();
-    const float H = surface.Height();
     CellGrid& fg = *FG1;
     ImageZ->setVisible(false);
     const bool giaDisposto = LarghezzaPrecedente != 0 || AltezzaSuperficiePrecedente != 0;
@@ -20,24 +19,14 @@ void Tabulon12::Impl::LayoutRidimensionamento() {
     LarghezzaPrecedente = ToInt32(W);
     Shape2->setWidth(W - 60);
     fg.setWidth(W - 270);
-    fg.setHeight(H - fg.Top() - static_cast<float>(BottomHeight));
-    fg.setRows(ToInt32(RoundHalfEven(static_cast<double>(fg.Height()) / fg.RowHeight(0) - 1)));
-    fg.setHeight(static_cast<float>(fg.Rows()) * fg.RowHeight(0) - 15);
-    if (H - fg.Top() - fg.Height() > static_cast<float>(BottomHeight)) {
-        fg.setRows(fg.Rows() - 1);
-        fg.setHeight(static_cast<float>(fg.Rows()) * fg.RowHeight(0) - 15);
-    }
-    MinRows = static_cast<int16_t>(std::min<int32_t>(fg.Rows(), INT16_MAX));
+    ApplicaRegolaAltezza(false);
     if (giaDisposto) DisponiImmaginiColonna();
     if (AltezzaSuperficiePrecedente != 0 && fg.Height() != static_cast<float>(AltezzaSuperficiePrecedente))
         SpostaControlliContenuti();
     AltezzaSuperficiePrecedente = ToInt32(fg.Height());
     for (int32_t i = 0; i < fg.Cols(); ++i)
         if (FrameLine->Exists(static_cast<int16_t>(i))) (*FrameLine)(static_cast<int16_t>(i)).setHeight(fg.Height());
-    VS1->Move(fg.Width(), fg.Top() - 15, 255, fg.Height() + 15);
-    Shape1->Move(fg.Left() - 10, 0, fg.Width() + VS1->Width() - 15, fg.Top() + fg.Height() + 15);
-    ImageTools->setLeft(VS1->Left() - 15);
-    ImageTools->ZOrder(0);
+    DisponiIntornoGriglia();
     LabelCount->setTop(fg.Top() + fg.Height() + 60);
     RidisegnaTotali();
     if (events) events->Resize();

@@ -13,21 +13,9 @@ void Tabulon12::CaricaStruttura(bool /*SoloRefresh: the build is the same either
 void Tabulon12::Impl::CaricaStruttura() {
     CellGrid& fg = *FG1;
     const float W = surface.Width();
-    const float H = surface.Height();
     Step(err, [&] { fg.setCols(Cols); });
     Step(err, [&] { fg.setWidth(W - 270); });
-    Step(err, [&] { fg.setHeight(H - fg.Top() - static_cast<float>(BottomHeight)); });
-    Step(err, [&] {
-        fg.setRows(ToInt32(RoundHalfEven(static_cast<double>(fg.Height()) / fg.RowHeight(0) - 1)));
-    });
-    Step(err, [&] { fg.setHeight(static_cast<float>(fg.Rows()) * fg.RowHeight(0) - 15); });
-    // Rounding leaves at least half a row free, so this fires on every sane size and keeps the
-    // strip under the grid for the totals and the row count.
-    if (H - fg.Top() - fg.Height() > static_cast<float>(BottomHeight)) {
-        Step(err, [&] { fg.setRows(fg.Rows() - 1); });
-        Step(err, [&] { fg.setHeight(static_cast<float>(fg.Rows()) * fg.RowHeight(0) - 15); });
-    }
-    MinRows = static_cast<int16_t>(std::min<int32_t>(fg.Rows(), INT16_MAX));
+    ApplicaRegolaAltezza(true);
     if (!ImageLista.empty()) OggettoImageList = TrovaImageList(ImageLista);
     for (int32_t c = 0; c < fg.Cols(); ++c) {
         if (VoceInLista(std::to_string(c), ColonneScelte)) {
@@ -51,11 +39,37 @@ void Tabulon12::Impl::CaricaStruttura() {
     DisponiTestate();
     DisponiImmaginiColonna();
     RidimensionaColonne();
+    DisponiIntornoGriglia();
+    err.Clear();
+}
+
+void Tabulon12::Impl::ApplicaRegolaAltezza(bool dropFailures) {
+    CellGrid& fg = *FG1;
+    const float H = surface.Height();
+    auto run = [&](auto&& step) {
+        if (dropFailures) Step(err, step);
+        else step();
+    };
+    run([&] { fg.setHeight(H - fg.Top() - static_cast<float>(BottomHeight)); });
+    run([&] { fg.setRows(ToInt32(RoundHalfEven(static_cast<double>(fg.Height()) / fg.RowHeight(0) - 1))); });
+    run([&] { fg.setHeight(static_cast<float>(fg.Rows()) * fg.RowHeight(0) - 15); });
+    // Rounding leaves at least half a row free, so this fires on every sane size and keeps the
+    // strip under the grid for the totals and the row count.
+    if (H - fg.Top() - fg.Height() > static_cast<float>(BottomHeight)) {
+        run([&] { fg.setRows(fg.Rows() - 1); });
+        run([&] { fg.setHeight(static_cast<float>(fg.Rows()) * fg.RowHeight(0) - 15); });
+    }
+    MinRows = static_cast<int16_t>(std::min<int32_t>(fg.Rows(), INT16_MAX));
+}
+
+void Tabulon12::Impl::DisponiIntornoGriglia() {
+    // The bar starts at the grid's width, not its right edge, so it covers the grid's last
+    // FG1.Left twips.
+    CellGrid& fg = *FG1;
     VS1->Move(fg.Width(), fg.Top() - 15, 255, fg.Height() + 15);
     Shape1->Move(fg.Left() - 10, 0, fg.Width() + VS1->Width() - 15, fg.Top() + fg.Height() + 15);
     ImageTools->setLeft(VS1->Left() - 15);
     ImageTools->ZOrder(0);
-    err.Clear();
 }
 
 float Tabulon12::Impl::FattoreAdattamento() {
