@@ -436,60 +436,140 @@ void FifteenDigits(double magnitude, DigitRun& digits, int& exponent) {
     SplitScientific(buffer.data(), written.ptr, digits, exponent);
 }
 
-}  // namespace
-
-std::string NumberToText(double value, const SystemSettings& settings) {
-    if (std::isnan(value)) {
-        return "NaN";
-    }
-    if (std::isinf(value)) {
-        return value < 0 ? "-Infinity" : "Infinity";
-    }
-    if (value == 0.0) {
-        return "0";
-    }
-    // Fifteen significant digits of the value, rounded once (half to even on the exact value).
-    DigitRun run;
-    int exponent = 0;
-    FifteenDigits(std::fabs(value), run, exponent);
-    while (run.n > 1 && run.d[run.n - 1] == '0') {
-        --run.n;
-    }
-    const std::string_view digits = run.view();
-
-    std::string result = value < 0 ? "-" : "";
-    result.reserve(24);
+// The general text of a number from its significant digits (no trailing zeros, at most
+// fifteen) and the power of ten of the first.
+void AppendGeneralText(bool negative, std::string_view digits, int exponent, const SystemSettings& settings,
+                       std::string& out) {
+    if (negative) out += '-';
     const int count = static_cast<int>(digits.size());
     if (exponent < -4 || exponent > 14) {
         // Exponent form: "1.5E+16", "1E-05"; at least two exponent digits.
-        result += digits[0];
+        out += digits[0];
         if (count > 1) {
-            result += settings.decimalSeparator;
-            result.append(digits.substr(1));
+            out += settings.decimalSeparator;
+            out.append(digits.substr(1));
         }
         const int magnitude = exponent < 0 ? -exponent : exponent;
-        result += exponent < 0 ? "E-" : "E+";
-        if (magnitude < 10) {
-            result += '0';
-        }
-        result += std::to_string(magnitude);
+        out += exponent < 0 ? "E-" : "E+";
+        if (magnitude < 10) out += '0';
+        char buffer[8];
+        out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, magnitude).ptr);
     } else if (exponent >= 0) {
         const int whole = exponent + 1;
         if (count <= whole) {
-            result += digits;
-            result.append(static_cast<size_t>(whole - count), '0');
+            out += digits;
+            out.append(static_cast<size_t>(whole - count), '0');
         } else {
-            result.append(digits.substr(0, static_cast<size_t>(whole)));
-            result += settings.decimalSeparator;
-            result.append(digits.substr(static_cast<size_t>(whole)));
+            out.append(digits.substr(0, static_cast<size_t>(whole)));
+            out += settings.decimalSeparator;
+            out.append(digits.substr(static_cast<size_t>(whole)));
         }
     } else {
-        result += '0';
-        result += settings.decimalSeparator;
-        result.append(static_cast<size_t>(-exponent - 1), '0');
-        result += digits;
+        out += '0';
+        out += settings.decimalSeparator;
+        out.append(static_cast<size_t>(-exponent - 1), '0');
+        out += digits;
     }
-    return result;
+}
+
+void DropTrailingZeros(DigitRun& run) {
+    while (run.n > 1 && run.d[run.n - 1] == '0') --run.n;
+}
+
+}  // namespace
+
+void AppendNumberText(double value, const SystemSettings& settings, std::string& out) {
+    if (std::isnan(value)) {
+        out += "NaN";
+    } else if (std::isinf(value)) {
+        out += value < 0 ? "-Infinity" : "Infinity";
+    } else if (value == 0.0) {
+        out += '0';
+    } else {
+        // Fifteen significant digits of the value, rounded once (half to even on the exact value).
+        DigitRun run;
+        int exponent = 0;
+        FifteenDigits(std::fabs(value), run, exponent);
+        DropTrailingZeros(run);
+        AppendGeneralText(value < 0, run.view(), exponent, settings, out);
+    }
+}
+
+std::string NumberToText(double value, const SystemSettings& settings) {
+    std::string text;
+    AppendNumberText(value, settings, text);
+    return text;
+}
+
+bool AppendDecimalAsNumberText(std::string_view decimal, const SystemSettings& settings, std::string& out) {
+    // Sign, digits with at most one point, and an optional exponent.
+    size_t i = 0;
+    const bool negative = i < decimal.size() && decimal[i] == '-';
+    if (negative || (i < decimal.size() && decimal[i] == '+')) ++i;
+    DigitRun run;
+    int64_t exponent = -1;  // the power of ten of the first significant digit
+    bool point = false;
+    bool anyDigit = false;
+    for (; i < decimal.size(); ++i) {
+        const char c = decimal[i];
+        if (c == '.' && !point) {
+            point = true;
+        } else if (IsDigit(c)) {
+            anyDigit = true;
+            if (run.n == 0 && c == '0') {
+                if (point) --exponent;  // a leading zero after the point moves the first digit down
+                continue;
+            }
+            if (run.n == 17) {
+                // Digits beyond the seventeenth decide nothing only when they are zeros.
+                if (c != '0') return false;
+            } else {
+                run.d[run.n++] = c;
+            }
+            if (!point) ++exponent;
+        } else {
+            break;
+        }
+    }
+    if (!anyDigit) return false;
+    if (i < decimal.size()) {
+        if (decimal[i] != 'e' && decimal[i] != 'E') return false;
+        ++i;
+        if (i < decimal.size() && decimal[i] == '+') ++i;
+        int power = 0;
+        const auto [end, ec] = std::from_chars(decimal.data() + i, decimal.data() + decimal.size(), power);
+        if (ec != std::errc() || end != decimal.data() + decimal.size() || end == decimal.data() + i) return false;
+        exponent += power;
+    }
+    DropTrailingZeros(run);
+    if (run.n == 0 || (run.n == 1 && run.d[0] == '0')) {
+        out += '0';  // also negative zero
+        return true;
+    }
+    // Away from the ends of the range the nearest double is normal and finite.
+    if (exponent < -307 || exponent > 307) return false;
+    int power = static_cast<int>(exponent);
+    if (run.n > 15) {
+        // The text lies within half a unit in the last place of the double it denotes, so the
+        // rule of the shortest text applies to it: away from the halfway point its digits round
+        // as the double's do.
+        const int tail = (run.d[15] - '0') * 10 + (run.n > 16 ? run.d[16] - '0' : 0);
+        if (tail >= 38 && tail <= 62) return false;
+        run.n = 15;
+        if (tail > 62) {
+            int k = 14;
+            while (k >= 0 && run.d[static_cast<size_t>(k)] == '9') run.d[static_cast<size_t>(k--)] = '0';
+            if (k < 0) {
+                run.d[0] = '1';
+                ++power;
+            } else {
+                ++run.d[static_cast<size_t>(k)];
+            }
+        }
+        DropTrailingZeros(run);
+    }
+    AppendGeneralText(negative, run.view(), power, settings, out);
+    return true;
 }
 
 }  // namespace TabulonLib12

@@ -36,5 +36,15 @@ double Val(std::string_view text);
 // (plain from 1E-04 up to 15 whole digits). Negative zero is "0"; NaN is "NaN" and the
 // infinities "Infinity" and "-Infinity", words that no reader takes for a number.
 std::string NumberToText(double value, const SystemSettings& settings);
+// The same text appended to `out`, without a string of its own.
+void AppendNumberText(double value, const SystemSettings& settings, std::string& out);
+
+// The general text of the number that a decimal text in the C form denotes ("-123.45",
+// "1.5e-07", as database servers write numbers), made from the text's own digits: the text
+// NumberToText gives for the double nearest to it. Appends it and answers true; answers false,
+// appending nothing, for another form, for digits that do not settle the rounding (more than
+// seventeen significant ones, or a sixteenth and seventeenth near the halfway point), and
+// near the ends of the range of a double.
+bool AppendDecimalAsNumberText(std::string_view decimal, const SystemSettings& settings, std::string& out);
 
 }  // namespace TabulonLib12

@@ -287,13 +287,9 @@ bool ReadFixedDigits(std::string_view text, size_t at, size_t count, int& value)
     return true;
 }
 
-std::string DateToText(DateTime value, const SystemSettings& settings) {
-    const DateParts parts = SplitDate(value);
+void AppendDatePartsText(const DateParts& parts, const SystemSettings& settings, std::string& text) {
     const bool midnight = parts.hour == 0 && parts.minute == 0 && parts.second == 0;
     const bool dayZero = parts.year == 1899 && parts.month == 12 && parts.day == 30;
-    // Written into one string: a load prints a date for every date cell.
-    std::string text;
-    text.reserve(24);
     auto two = [&text](int v) {
         if (v < 0 || v > 99) text += std::to_string(v);
         else text += {static_cast<char>('0' + v / 10), static_cast<char>('0' + v % 10)};
@@ -312,11 +308,16 @@ std::string DateToText(DateTime value, const SystemSettings& settings) {
             year(), text += sep, two(parts.month), text += sep, two(parts.day);
             break;
         }
-        if (midnight) return text;
+        if (midnight) return;
         text += ' ';
     }
     two(parts.hour), text += settings.timeSeparator, two(parts.minute), text += settings.timeSeparator,
         two(parts.second);
+}
+
+std::string DateToText(DateTime value, const SystemSettings& settings) {
+    std::string text;
+    AppendDatePartsText(SplitDate(value), settings, text);
     return text;
 }
 

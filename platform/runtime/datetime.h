@@ -47,5 +47,8 @@ bool ReadFixedDigits(std::string_view text, size_t at, size_t count, int& value)
 // time shows the time alone. Day, month, hours, minutes and seconds take two digits, hours
 // from 00 to 23, so that ParseDate reads the text back. Throws as SplitDate does.
 std::string DateToText(DateTime value, const SystemSettings& settings);
+// The same text for the parts of a date that MakeDate accepts, appended to `text`: a reader
+// of dates in parts needs no serial to print them.
+void AppendDatePartsText(const DateParts& parts, const SystemSettings& settings, std::string& text);
 
 }  // namespace TabulonLib12

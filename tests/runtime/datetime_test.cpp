@@ -343,6 +343,32 @@ TEST(DateToText, SerialOutOfRangeOverflows) {
     EXPECT_THROW(DateToText(DateTime{3e6}, SystemSettings::C()), Error);
 }
 
+TEST(AppendDatePartsText, GivesTheTextOfTheDateThosePartsMake) {
+    const SystemSettings all[] = {SystemSettings::C(), SystemSettings::Italian(), YearFirstDashes(), DotsEverywhere()};
+    int checked = 0;
+    for (const SystemSettings& settings : all) {
+        for (int year : {100, 1899, 1900, 2024, 9999}) {
+            for (int month = 1; month <= 12; ++month) {
+                for (int day = 1; day <= 31; day += 3) {
+                    for (int second : {0, 1, 3599, 45000, 86399}) {
+                        const DateParts parts{year, month, day, second / 3600, second / 60 % 60, second % 60};
+                        const auto date = MakeDate(parts);
+                        if (!date) continue;
+                        std::string text = "<";
+                        AppendDatePartsText(parts, settings, text);
+                        ASSERT_EQ(text, "<" + DateToText(*date, settings)) << year << '-' << month << '-' << day;
+                        ++checked;
+                    }
+                }
+            }
+        }
+    }
+    EXPECT_GT(checked, 4000);
+    std::string dayZero;
+    AppendDatePartsText(DateParts{1899, 12, 30, 18, 0, 0}, SystemSettings::C(), dayZero);
+    EXPECT_EQ(dayZero, "18:00:00");
+}
+
 TEST(DateToText, TextReadsBackToTheSameSerial) {
     const SystemSettings all[] = {SystemSettings::C(), SystemSettings::UsEnglish(), SystemSettings::Italian(),
                                   YearFirstDashes(), DotsEverywhere()};
