@@ -113,11 +113,14 @@ ColumnType CatalogueType(char typtype, std::string_view name);
 
 // Reading the server's value texts.
 Value DecodeValue(ValueKind kind, std::string_view text);
-// Appends the value's text; for the kinds read as a number on the way (reals, numeric, money)
-// also gives that number, as DecodeNumber would, and answers true.
+// Appends the value's text; when the number was read on the way to it (money, numeric and reals
+// whose text could not be made from the server's digits) also gives that number, as
+// DecodeNumber would, and answers true.
 bool AppendValueText(ValueKind kind, std::string_view text, std::string& out, double& number);
 double DecodeNumber(ValueKind kind, std::string_view text);
-// ISO "yyyy-mm-dd", "yyyy-mm-dd hh:nn:ss[.f][zone]" or "hh:nn:ss[.f][zone]" as the kind says.
+// ISO "yyyy-mm-dd", "yyyy-mm-dd hh:nn:ss[.f][zone]" or "hh:nn:ss[.f][zone]" as the kind says;
+// the parts only in their form, the date also in the calendar.
+bool ReadDateParts(ValueKind kind, std::string_view text, DateParts& parts);
 bool ReadDateTime(ValueKind kind, std::string_view text, DateTime& out);
 
 }  // namespace TabulonLib12::pg

@@ -212,21 +212,19 @@ ColumnType CatalogueType(char typtype, std::string_view name) {
     return {FieldType::Memo, ValueKind::Text};
 }
 
+bool ReadDateParts(ValueKind kind, std::string_view text, DateParts& parts) {
+    if (kind == ValueKind::Time) return ReadTime(text, 0, parts);
+    if (text.size() < 10 || text[4] != '-' || text[7] != '-' || !ReadFixedDigits(text, 0, 4, parts.year) ||
+        !ReadFixedDigits(text, 5, 2, parts.month) || !ReadFixedDigits(text, 8, 2, parts.day)) {
+        return false;
+    }
+    if (kind == ValueKind::Date) return text.size() == 10;
+    return text.size() >= 11 && text[10] == ' ' && ReadTime(text, 11, parts);
+}
+
 bool ReadDateTime(ValueKind kind, std::string_view text, DateTime& out) {
     DateParts parts;
-    if (kind == ValueKind::Time) {
-        if (!ReadTime(text, 0, parts)) return false;
-    } else {
-        if (text.size() < 10 || text[4] != '-' || text[7] != '-' || !ReadFixedDigits(text, 0, 4, parts.year) ||
-            !ReadFixedDigits(text, 5, 2, parts.month) || !ReadFixedDigits(text, 8, 2, parts.day)) {
-            return false;
-        }
-        if (kind == ValueKind::Date) {
-            if (text.size() != 10) return false;
-        } else if (text.size() < 11 || text[10] != ' ' || !ReadTime(text, 11, parts)) {
-            return false;
-        }
-    }
+    if (!ReadDateParts(kind, text, parts)) return false;
     auto date = MakeDate(parts);
     if (!date) return false;
     out = *date;
@@ -276,6 +274,7 @@ Value DecodeValue(ValueKind kind, std::string_view text) {
 }
 
 bool AppendValueText(ValueKind kind, std::string_view text, std::string& out, double& number) {
+    const SystemSettings& settings = CurrentSettings();
     switch (kind) {
         case ValueKind::Bool:
             out += !text.empty() && text[0] == 't' ? "True" : "False";
@@ -290,26 +289,29 @@ bool AppendValueText(ValueKind kind, std::string_view text, std::string& out, do
             if (ReadNumeric(text, whole, real)) {
                 AppendWhole(whole, out);
                 number = static_cast<double>(whole);
-            } else {
-                out += NumberToText(real, CurrentSettings());
-                number = real;
+                return true;
             }
+            if (AppendDecimalAsNumberText(text, settings, out)) return false;
+            AppendNumberText(real, settings, out);
+            number = real;
             return true;
         }
         case ValueKind::Money:
             number = ReadMoney(text);
-            out += NumberToText(number, CurrentSettings());
+            AppendNumberText(number, settings, out);
             return true;
         case ValueKind::Float:
+            // The server's digits make the text; the number is read only if it is asked for.
+            if (AppendDecimalAsNumberText(text, settings, out)) return false;
             number = ReadReal(text);
-            out += NumberToText(number, CurrentSettings());
+            AppendNumberText(number, settings, out);
             return true;
         case ValueKind::Date:
         case ValueKind::Timestamp:
         case ValueKind::Time: {
-            DateTime date;
-            if (ReadDateTime(kind, text, date)) {
-                out += DateToText(date, CurrentSettings());
+            DateParts parts;
+            if (ReadDateParts(kind, text, parts) && MakeDate(parts)) {
+                AppendDatePartsText(parts, settings, out);
             } else {
                 out += text;
             }

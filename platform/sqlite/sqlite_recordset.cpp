@@ -266,7 +266,7 @@ void SqliteRecordset::AppendFieldText(int index, std::string& out) const {
             if (TypeCodeAtRow(index) == FieldType::Boolean) {
                 out += value != 0.0 ? "True" : "False";
             } else {
-                out += NumberToText(value, CurrentSettings());
+                AppendNumberText(value, CurrentSettings(), out);
             }
             return;
         }

@@ -285,5 +285,31 @@ TEST_F(PgTypes, FieldNumberReadsNumericTextUnderTheSettings) {
     EXPECT_THROW(rs->FieldNumber(0), Error);
 }
 
+TEST_F(PgTypes, RealsAndDecimalsShowTheGeneralTextOfTheirValue) {
+    // Texts made from the server's digits are those of the double read from them: across
+    // magnitudes, with sixteen and seventeen digits, and under both separators.
+    const char* query =
+        "SELECT (random_value * power(10, e))::float8 AS r, (random_value * power(10, e))::float4 AS s,"
+        " round((random_value * power(10, e))::numeric, 6) AS n"
+        " FROM (SELECT (i * 0.6180339887498949) - floor(i * 0.6180339887498949) + i % 3 AS random_value,"
+        " (i % 41) - 20 AS e FROM generate_series(1, 3000) i) AS t";
+    for (const SystemSettings& settings : {SystemSettings::C(), SystemSettings::Italian()}) {
+        ScopedSettings scoped(settings);
+        auto rs = db_->OpenRecordset(query);
+        int checked = 0;
+        while (!rs->IsEOF()) {
+            for (int field = 0; field < 3; ++field) {
+                if (rs->FieldIsNull(field)) continue;
+                std::string text;
+                rs->AppendFieldText(field, text);
+                ASSERT_EQ(text, rs->FieldValue(field).ToText(settings)) << "field " << field << " record " << checked;
+            }
+            ++checked;
+            rs->MoveNext();
+        }
+        EXPECT_EQ(checked, 3000);
+    }
+}
+
 }  // namespace
 }  // namespace TabulonLib12::testing
