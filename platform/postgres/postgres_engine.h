@@ -71,7 +71,7 @@
 //                                 engine shows a GUID
 //   any other type                std::string, the server's text (char(n) keeps its padding)
 //
-// Streaming: the first FETCH takes 1,000 records, each later one 10,000. The next batch is asked
+// Streaming: the first FETCH takes 1,000 records, each later one 2,000. The next batch is asked
 // for as soon as the one before arrives, so that the server works on it while the reader goes
 // through the batch in hand; no more than these two batches are ever held. RecordCount is the
 // number of records seen so far (at least 1 when there is one) until MoveLast, which counts the
