@@ -401,6 +401,26 @@ void SplitScientific(const char* begin, const char* end, DigitRun& digits, int& 
     std::from_chars(p, end, exponent);
 }
 
+// Sixteen or seventeen digits within half a unit in the last place of a double, rounded to
+// fifteen when their tail (in units of the seventeenth digit) is far enough from the halfway
+// point for the double to round the same way; false, leaving them, otherwise.
+bool RoundSeventeenToFifteen(DigitRun& digits, int& exponent) {
+    const int tail = (digits.d[15] - '0') * 10 + (digits.n > 16 ? digits.d[16] - '0' : 0);
+    if (tail >= 38 && tail <= 62) return false;
+    digits.n = 15;
+    if (tail > 62) {
+        int i = 14;
+        while (i >= 0 && digits.d[static_cast<size_t>(i)] == '9') digits.d[static_cast<size_t>(i--)] = '0';
+        if (i < 0) {
+            digits.d[0] = '1';  // 999...9 carried: 1000...0 with the next power of ten
+            ++exponent;
+        } else {
+            ++digits.d[static_cast<size_t>(i)];
+        }
+    }
+    return true;
+}
+
 // The significant digits of a positive finite value rounded to fifteen, and the power of ten of
 // the first. The shortest text that reads back as the value is cheap to make. With fifteen
 // digits or fewer it is that rounding (the value lies within half a unit of its last place).
@@ -415,23 +435,7 @@ void FifteenDigits(double magnitude, DigitRun& digits, int& exponent) {
     SplitScientific(buffer.data(), written.ptr, digits, exponent);
     const bool normal = magnitude >= std::numeric_limits<double>::min();
     if (digits.n <= 15 && normal) return;
-    if (normal) {
-        const int tail = (digits.d[15] - '0') * 10 + (digits.n > 16 ? digits.d[16] - '0' : 0);
-        if (tail < 38 || tail > 62) {
-            digits.n = 15;
-            if (tail > 62) {
-                int i = 14;
-                while (i >= 0 && digits.d[static_cast<size_t>(i)] == '9') digits.d[static_cast<size_t>(i--)] = '0';
-                if (i < 0) {
-                    digits.d[0] = '1';  // 999...9 carried: 1000...0 with the next power of ten
-                    ++exponent;
-                } else {
-                    ++digits.d[static_cast<size_t>(i)];
-                }
-            }
-            return;
-        }
-    }
+    if (normal && RoundSeventeenToFifteen(digits, exponent)) return;
     written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific, 14);
     SplitScientific(buffer.data(), written.ptr, digits, exponent);
 }
@@ -553,19 +557,7 @@ bool AppendDecimalAsNumberText(std::string_view decimal, const SystemSettings& s
         // The text lies within half a unit in the last place of the double it denotes, so the
         // rule of the shortest text applies to it: away from the halfway point its digits round
         // as the double's do.
-        const int tail = (run.d[15] - '0') * 10 + (run.n > 16 ? run.d[16] - '0' : 0);
-        if (tail >= 38 && tail <= 62) return false;
-        run.n = 15;
-        if (tail > 62) {
-            int k = 14;
-            while (k >= 0 && run.d[static_cast<size_t>(k)] == '9') run.d[static_cast<size_t>(k--)] = '0';
-            if (k < 0) {
-                run.d[0] = '1';
-                ++power;
-            } else {
-                ++run.d[static_cast<size_t>(k)];
-            }
-        }
+        if (!RoundSeventeenToFifteen(run, power)) return false;
         DropTrailingZeros(run);
     }
     AppendGeneralText(negative, run.view(), power, settings, out);
