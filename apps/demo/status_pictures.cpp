@@ -10,44 +10,41 @@ namespace TabulonLib12::Demo {
 
 namespace {
 
-QImage Canvas() {
+// A 16 x 16 picture of a filled disc, with its mark drawn in white by `mark`.
+template <class Mark>
+Picture Disc(const QColor& colour, Mark mark) {
     QImage image(16, 16, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
-    return image;
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setBrush(colour);
+    p.setPen(Qt::NoPen);
+    p.drawEllipse(QRectF(1, 1, 14, 14));
+    p.setBrush(Qt::NoBrush);
+    mark(p);
+    p.end();
+    return FromQImage(image);
 }
 
 }  // namespace
 
 Picture PaidPicture() {
-    QImage image = Canvas();
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setBrush(QColor(46, 160, 67));
-    p.setPen(Qt::NoPen);
-    p.drawEllipse(QRectF(1, 1, 14, 14));
-    QPainterPath tick;
-    tick.moveTo(4.5, 8.5);
-    tick.lineTo(7, 11);
-    tick.lineTo(11.5, 5);
-    p.setPen(QPen(Qt::white, 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    p.setBrush(Qt::NoBrush);
-    p.drawPath(tick);
-    p.end();
-    return FromQImage(image);
+    return Disc(QColor(46, 160, 67), [](QPainter& p) {
+        QPainterPath tick;
+        tick.moveTo(4.5, 8.5);
+        tick.lineTo(7, 11);
+        tick.lineTo(11.5, 5);
+        p.setPen(QPen(Qt::white, 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.drawPath(tick);
+    });
 }
 
 Picture OpenPicture() {
-    QImage image = Canvas();
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setBrush(QColor(207, 34, 46));
-    p.setPen(Qt::NoPen);
-    p.drawEllipse(QRectF(1, 1, 14, 14));
-    p.setPen(QPen(Qt::white, 2.0, Qt::SolidLine, Qt::RoundCap));
-    p.drawLine(QPointF(5.5, 5.5), QPointF(10.5, 10.5));
-    p.drawLine(QPointF(10.5, 5.5), QPointF(5.5, 10.5));
-    p.end();
-    return FromQImage(image);
+    return Disc(QColor(207, 34, 46), [](QPainter& p) {
+        p.setPen(QPen(Qt::white, 2.0, Qt::SolidLine, Qt::RoundCap));
+        p.drawLine(QPointF(5.5, 5.5), QPointF(10.5, 10.5));
+        p.drawLine(QPointF(10.5, 5.5), QPointF(5.5, 10.5));
+    });
 }
 
 }  // namespace TabulonLib12::Demo

@@ -104,19 +104,13 @@ double ReadReal(std::string_view text) {
     return value;
 }
 
-// A numeric text: a whole value that fits 64 bits gives `whole`; any other its double.
-bool ReadNumeric(std::string_view text, int64_t& whole, double& real) {
-    size_t point = text.find('.');
-    std::string_view integer = text.substr(0, point);
-    bool fractionIsZero = true;
-    if (point != std::string_view::npos) {
-        for (size_t i = point + 1; i < text.size(); ++i) {
-            if (text[i] != '0') fractionIsZero = false;
-        }
+// A numeric text whose value is whole and fits 64 bits: that value. Any other is read as a real.
+bool ReadWholeNumeric(std::string_view text, int64_t& whole) {
+    const size_t point = text.find('.');
+    if (point != std::string_view::npos && text.find_first_not_of('0', point + 1) != std::string_view::npos) {
+        return false;
     }
-    if (fractionIsZero && ReadWhole(integer, whole)) return true;
-    real = ReadReal(text);
-    return false;
+    return ReadWhole(text.substr(0, point), whole);
 }
 
 // The amount of a money text in the C locale ("-$1,234.50"): its digits, point and sign.
@@ -165,6 +159,16 @@ void AppendGuid(std::string_view text, std::string& out) {
     out += '{';
     for (char c : text) out += (c >= 'a' && c <= 'f') ? static_cast<char>(c - 'a' + 'A') : c;
     out += '}';
+}
+
+// The text of a real as the server wrote it: made from the server's digits, the number read
+// only if it is asked for (false); otherwise through the number, which is given (true).
+bool AppendRealText(std::string_view text, std::string& out, double& number) {
+    const SystemSettings& settings = CurrentSettings();
+    if (AppendDecimalAsNumberText(text, settings, out)) return false;
+    number = ReadReal(text);
+    AppendNumberText(number, settings, out);
+    return true;
 }
 
 void AppendWhole(int64_t value, std::string& out) {
@@ -242,9 +246,8 @@ Value DecodeValue(ValueKind kind, std::string_view text) {
         }
         case ValueKind::Numeric: {
             int64_t whole = 0;
-            double real = 0.0;
-            if (ReadNumeric(text, whole, real)) return Value(whole);
-            return Value(real);
+            if (ReadWholeNumeric(text, whole)) return Value(whole);
+            return Value(ReadReal(text));
         }
         case ValueKind::Money:
             return Value(ReadMoney(text));
@@ -274,7 +277,6 @@ Value DecodeValue(ValueKind kind, std::string_view text) {
 }
 
 bool AppendValueText(ValueKind kind, std::string_view text, std::string& out, double& number) {
-    const SystemSettings& settings = CurrentSettings();
     switch (kind) {
         case ValueKind::Bool:
             out += !text.empty() && text[0] == 't' ? "True" : "False";
@@ -285,33 +287,25 @@ bool AppendValueText(ValueKind kind, std::string_view text, std::string& out, do
             return false;
         case ValueKind::Numeric: {
             int64_t whole = 0;
-            double real = 0.0;
-            if (ReadNumeric(text, whole, real)) {
+            if (ReadWholeNumeric(text, whole)) {
                 AppendWhole(whole, out);
                 number = static_cast<double>(whole);
                 return true;
             }
-            if (AppendDecimalAsNumberText(text, settings, out)) return false;
-            AppendNumberText(real, settings, out);
-            number = real;
-            return true;
+            return AppendRealText(text, out, number);
         }
         case ValueKind::Money:
             number = ReadMoney(text);
-            AppendNumberText(number, settings, out);
+            AppendNumberText(number, CurrentSettings(), out);
             return true;
         case ValueKind::Float:
-            // The server's digits make the text; the number is read only if it is asked for.
-            if (AppendDecimalAsNumberText(text, settings, out)) return false;
-            number = ReadReal(text);
-            AppendNumberText(number, settings, out);
-            return true;
+            return AppendRealText(text, out, number);
         case ValueKind::Date:
         case ValueKind::Timestamp:
         case ValueKind::Time: {
             DateParts parts;
             if (ReadDateParts(kind, text, parts) && MakeDate(parts)) {
-                AppendDatePartsText(parts, settings, out);
+                AppendDatePartsText(parts, CurrentSettings(), out);
             } else {
                 out += text;
             }
@@ -341,8 +335,7 @@ double DecodeNumber(ValueKind kind, std::string_view text) {
         }
         case ValueKind::Numeric: {
             int64_t whole = 0;
-            double real = 0.0;
-            return ReadNumeric(text, whole, real) ? static_cast<double>(whole) : real;
+            return ReadWholeNumeric(text, whole) ? static_cast<double>(whole) : ReadReal(text);
         }
         case ValueKind::Money:
             return ReadMoney(text);
