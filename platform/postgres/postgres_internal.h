@@ -3,6 +3,7 @@
 #include <libpq-fe.h>
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -57,14 +58,14 @@ public:
     ResultPtr RunExtended(const std::string& sql, ExecStatusType expected, const std::vector<std::string>& params = {});
     // Our statement, whose failure is left to the caller to read (null when it failed).
     ResultPtr TryRun(const char* sql, ExecStatusType expected);
-    // Our statement sent without waiting for its answer; Receive takes the answer. Nothing else
-    // may be run in between.
-    void Send(const char* sql);
-    ResultPtr Receive(ExecStatusType expected);
+    // Our statements sent one after another without waiting for their answers (pipeline mode);
+    // ReceivePipelined takes the answers in the order sent, and LeavePipeline ends the mode once
+    // every answer has been taken. Nothing else may be run in between.
+    void SendPipelined(const std::string& sql);
+    ResultPtr ReceivePipelined() noexcept;
+    void LeavePipeline() noexcept;
     // Reads what has arrived so far, so that the server is not kept waiting on a full socket.
     void Poll() noexcept;
-    // Drops the answer still to come, if any.
-    void Discard() noexcept;
 
     Error ResultError(const PGresult* result) const;
     Error ConnectionError(const char* sqlState) const;
@@ -188,12 +189,13 @@ private:
     // sets EOF when the records end before it.
     void SyncToCurrent() const;
     void DeclareCursor() const;
-    // The next batch is asked for as soon as the one before arrives, so that the server reads it
-    // while the reader works through the batch in hand.
+    // Batches are asked for ahead of the reader, so that the server reads them while the reader
+    // works through the batch in hand.
     void SendFetch() const;
-    void ReceiveFetch() const;
-    void Settle() const;   // waits for a fetch in flight: needed before any other statement
-    void UseNext() const;  // the batch received becomes the batch in hand
+    void ReceiveFetch() const;  // the oldest fetch in flight
+    void TopUp() const;         // asks for batches ahead up to the pipeline's depth
+    void Settle() const;        // takes in every fetch in flight: needed before any other statement
+    void UseNext() const;       // the first batch received becomes the batch in hand
     bool InBatch() const { return current_ >= batchStart_ && current_ < batchStart_ + batchRows_; }
     int64_t CountRecords();
     // The field at the current record, read once for the questions a load asks of it in turn
@@ -220,11 +222,15 @@ private:
     mutable Cell cell_;
     mutable int64_t batchStart_ = 0;   // record number of the batch's first row
     mutable int64_t batchRows_ = 0;
-    mutable pg::ResultPtr next_;       // the batch received after it, not yet in hand
-    mutable int64_t nextStart_ = 0;
-    mutable int64_t nextRows_ = 0;
-    mutable std::optional<Error> nextError_;  // the failure of the last fetch, told when reached
-    mutable bool inFlight_ = false;
+    struct Batch {
+        pg::ResultPtr rows;
+        int64_t start = 0;  // record number of its first row
+        int64_t count = 0;
+    };
+    mutable std::deque<Batch> ahead_;  // received after the batch in hand, in order
+    mutable std::optional<Error> aheadError_;  // the failure of the fetch after them, told when reached
+    mutable int inFlight_ = 0;         // fetches sent and not yet received
+    mutable int sent_ = 0;             // fetches sent since the cursor was declared
     mutable int64_t cursorAt_ = 0;     // records the cursor has gone past
     mutable bool cursorDone_ = false;  // the cursor has reached its end
     mutable bool cursorOpen_ = false;  // declared and not closed or rolled back

@@ -1,7 +1,7 @@
 // A snapshot recordset streamed from a server-side cursor inside a read-only REPEATABLE READ
-// transaction: only the batch in hand and the one fetched after it are kept, the count comes from
-// the server in the same snapshot, and moving back declares the cursor again, which sees the same
-// records.
+// transaction: only the batch in hand and the few fetched ahead of it are kept, the count comes
+// from the server in the same snapshot, and moving back declares the cursor again, which sees the
+// same records.
 #include <algorithm>
 #include <cctype>
 #include <limits>
@@ -13,9 +13,13 @@ namespace TabulonLib12 {
 namespace {
 
 constexpr int64_t kFirstBatch = 1000;  // small, so that opening for one value stays quick
-// Batches of about a quarter of a megabyte: the server answers them with less work than larger
-// ones, and two of them in memory are nothing beside the records kept.
-constexpr int64_t kBatch = 2000;
+// Small batches, several asked for ahead of the reader: the server always has a fetch waiting
+// while the reader takes in one batch and works through another, and a small batch is read with
+// less work, since the server gathers each one whole before sending it. One fetch in flight left
+// the server idle at every batch's arrival: on a million records, four fetches of 500 ahead load
+// in about four fifths of the time that one fetch of 2,000 ahead takes.
+constexpr int64_t kBatch = 500;
+constexpr int kDepth = 4;
 
 bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
@@ -36,8 +40,8 @@ PostgresRecordset::PostgresRecordset(std::shared_ptr<pg::Session> session, std::
         DeclareCursor();
         SendFetch();
         ReceiveFetch();
-        if (nextError_) throw *nextError_;
-        PGresult* first = next_.get();
+        if (aheadError_) throw *aheadError_;
+        PGresult* first = ahead_.front().rows.get();
         const int count = PQnfields(first);
         if (count == 0) throw pg::ClientError("42601", "the statement returns no records");
         std::vector<Oid> types;
@@ -61,27 +65,27 @@ PostgresRecordset::~PostgresRecordset() {
 
 void PostgresRecordset::EndTransaction() noexcept {
     if (!session_) return;
-    if (inFlight_) session_->Discard();
-    inFlight_ = false;
+    for (; inFlight_ > 0; --inFlight_) session_->ReceivePipelined();
+    session_->LeavePipeline();
     // Rolled back, never committed: whatever the read-only transaction admitted is undone.
     // Session advisory locks outlive a rollback and are let go here.
     session_->TryRun("ROLLBACK; SELECT pg_catalog.pg_advisory_unlock_all()", PGRES_TUPLES_OK);
     session_->leased = false;
     session_.reset();
     batch_.reset();
-    next_.reset();
+    ahead_.clear();
 }
 
 void PostgresRecordset::DeclareCursor() const {
     Settle();
     batch_.reset();
     ++batchGeneration_;
-    next_.reset();
-    nextError_.reset();
-    batchStart_ = batchRows_ = nextStart_ = nextRows_ = 0;
+    ahead_.clear();
+    aheadError_.reset();
+    batchStart_ = batchRows_ = 0;
     cursorAt_ = 0;
     cursorDone_ = false;
-    fetches_ = 0;
+    sent_ = fetches_ = 0;
     try {
         if (failed_) {
             session_->Run("ROLLBACK TO SAVEPOINT tabulon_start", PGRES_COMMAND_OK);
@@ -100,49 +104,61 @@ void PostgresRecordset::DeclareCursor() const {
 }
 
 void PostgresRecordset::SendFetch() const {
-    const int64_t size = fetches_ == 0 ? kFirstBatch : kBatch;
-    const std::string fetch = "FETCH FORWARD " + std::to_string(size) + " FROM tabulon_rows";
-    session_->Send(fetch.c_str());
-    inFlight_ = true;
+    const int64_t size = sent_ == 0 ? kFirstBatch : kBatch;
+    session_->SendPipelined("FETCH FORWARD " + std::to_string(size) + " FROM tabulon_rows");
+    ++sent_;
+    ++inFlight_;
 }
 
 void PostgresRecordset::ReceiveFetch() const {
-    inFlight_ = false;
-    const int64_t asked = fetches_ == 0 ? kFirstBatch : kBatch;
-    next_.reset();
-    nextStart_ = cursorAt_;
-    nextRows_ = 0;
-    try {
-        next_ = session_->Receive(PGRES_TUPLES_OK);
-    } catch (const Error& error) {
+    --inFlight_;
+    pg::ResultPtr rows = session_->ReceivePipelined();
+    if (inFlight_ == 0) session_->LeavePipeline();
+    // After a failed fetch the transaction is aborted: what the later ones answer is dropped.
+    if (failed_) return;
+    if (!rows || PQresultStatus(rows.get()) != PGRES_TUPLES_OK) {
         failed_ = true;
-        nextError_ = error;
+        aheadError_ = session_->ResultError(rows.get());
         return;
     }
+    const int64_t asked = fetches_ == 0 ? kFirstBatch : kBatch;
     ++fetches_;
-    nextRows_ = PQntuples(next_.get());
-    cursorAt_ += nextRows_;
+    const int64_t count = PQntuples(rows.get());
+    ahead_.push_back(Batch{std::move(rows), cursorAt_, count});
+    cursorAt_ += count;
     seen_ = std::max(seen_, cursorAt_);
-    if (nextRows_ < asked) {
+    if (count < asked) {
         cursorDone_ = true;
         seen_ = cursorAt_;
         exact_ = true;
     }
 }
 
+void PostgresRecordset::TopUp() const {
+    // Nothing is asked for beyond the end, when the end is known.
+    auto asked = [this] {
+        int64_t end = cursorAt_;
+        for (int i = fetches_; i < sent_; ++i) end += i == 0 ? kFirstBatch : kBatch;
+        return end;
+    };
+    while (inFlight_ < kDepth && !cursorDone_ && !failed_ && cursorOpen_ && !(exact_ && asked() >= seen_)) {
+        SendFetch();
+    }
+}
+
 void PostgresRecordset::Settle() const {
-    if (inFlight_) ReceiveFetch();
+    while (inFlight_ > 0) ReceiveFetch();
 }
 
 void PostgresRecordset::UseNext() const {
     batch_.reset();  // the old batch goes before the next one is asked for
-    batch_ = std::move(next_);
+    Batch& next = ahead_.front();
+    batch_ = std::move(next.rows);
     ++batchGeneration_;
-    batchStart_ = nextStart_;
-    batchRows_ = nextRows_;
-    nextStart_ += nextRows_;
-    nextRows_ = 0;
-    if (!cursorDone_ && !failed_ && cursorOpen_) SendFetch();
+    batchStart_ = next.start;
+    batchRows_ = next.count;
+    ahead_.pop_front();
+    TopUp();
 }
 
 void PostgresRecordset::SyncToCurrent() const {
@@ -150,22 +166,30 @@ void PostgresRecordset::SyncToCurrent() const {
         eof_ = false;
         return;
     }
-    Settle();
-    if (nextError_ && current_ >= nextStart_) {
-        // The records from here on could not be read; MoveFirst repairs the cursor.
-        Error error = *nextError_;
-        nextError_.reset();
-        throw error;
-    }
-    if (failed_ || !cursorOpen_ || current_ < batchStart_) DeclareCursor();
+    if (current_ < batchStart_) DeclareCursor();
     while (true) {
-        if (next_) {
-            if (current_ >= nextStart_ && current_ < nextStart_ + nextRows_) {
+        // The batches received after the one in hand follow it without a gap.
+        while (!ahead_.empty()) {
+            if (current_ < ahead_.front().start + ahead_.front().count) {
                 UseNext();
                 eof_ = false;
                 return;
             }
-            next_.reset();  // skipped over
+            ahead_.pop_front();  // skipped over
+        }
+        if (inFlight_ > 0) {
+            ReceiveFetch();
+            continue;
+        }
+        if (aheadError_) {
+            // The records from here on could not be read; MoveFirst repairs the cursor.
+            Error error = *aheadError_;
+            aheadError_.reset();
+            throw error;
+        }
+        if (failed_ || !cursorOpen_) {
+            DeclareCursor();
+            continue;
         }
         if (cursorDone_) {
             // The records ended before the current one: that is where EOF is.
@@ -187,18 +211,11 @@ void PostgresRecordset::SyncToCurrent() const {
             }
             const int64_t count = pg::WholeNumber(PQcmdTuples(moved.get()));
             cursorAt_ += count;
-            nextStart_ = cursorAt_;
             seen_ = std::max(seen_, cursorAt_);
             if (count < skip) cursorDone_ = true;
             continue;
         }
         SendFetch();
-        ReceiveFetch();
-        if (nextError_) {
-            Error error = *nextError_;
-            nextError_.reset();
-            throw error;
-        }
     }
 }
 
@@ -282,7 +299,7 @@ void PostgresRecordset::MoveNext() {
     }
     ++current_;
     if (InBatch()) {
-        if (inFlight_ && (current_ & 1023) == 0) session_->Poll();
+        if (inFlight_ > 0 && (current_ & 1023) == 0) session_->Poll();
         return;
     }
     SyncToCurrent();

@@ -148,24 +148,30 @@ ResultPtr Session::Run(const char* sql, ExecStatusType expected) {
     return result;
 }
 
-void Session::Send(const char* sql) {
-    if (PQsendQuery(connection_, sql) != 1) throw ConnectionError(IsBroken() ? "08006" : "08001");
+void Session::SendPipelined(const std::string& sql) {
+    if ((PQpipelineStatus(connection_) == PQ_PIPELINE_OFF && PQenterPipelineMode(connection_) != 1) ||
+        PQsendQueryParams(connection_, sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0) != 1 ||
+        PQpipelineSync(connection_) != 1) {
+        throw ConnectionError(IsBroken() ? "08006" : "08001");
+    }
 }
 
-ResultPtr Session::Receive(ExecStatusType expected) {
+ResultPtr Session::ReceivePipelined() noexcept {
     ResultPtr result(PQgetResult(connection_));
-    // The answer ends with a null result; the connection is ready again only after it.
-    while (PGresult* more = PQgetResult(connection_)) PQclear(more);
-    if (!result || PQresultStatus(result.get()) != expected) throw ResultError(result.get());
+    if (result && PQresultStatus(result.get()) != PGRES_PIPELINE_SYNC) {
+        // The statement's answer ends with a null result; the sync sent after it answers next.
+        while (PGresult* more = PQgetResult(connection_)) PQclear(more);
+        PQclear(PQgetResult(connection_));
+    }
     return result;
+}
+
+void Session::LeavePipeline() noexcept {
+    if (PQpipelineStatus(connection_) != PQ_PIPELINE_OFF) PQexitPipelineMode(connection_);
 }
 
 void Session::Poll() noexcept {
     PQconsumeInput(connection_);
-}
-
-void Session::Discard() noexcept {
-    while (PGresult* result = PQgetResult(connection_)) PQclear(result);
 }
 
 ResultPtr Session::RunExtended(const std::string& sql, ExecStatusType expected,

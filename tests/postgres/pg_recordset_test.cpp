@@ -222,6 +222,53 @@ TEST_F(PgRecordsetTest, AFailedFetchIsRepairedByMoveFirstInTheSameSnapshot) {
     EXPECT_EQ(firstFour, (std::vector<std::string>{"1", "2", "3", "4"}));  // record 3 still there
 }
 
+TEST_F(PgRecordsetTest, AFetchThatFailsAheadOfTheReaderIsToldOnlyWhenItsRecordsAreReached) {
+    // Batches are asked for ahead of the reader; the one holding record 20000 fails while the
+    // reader is still far before it, and every record before that batch reads in order.
+    auto rs = db_->OpenRecordset("SELECT id FROM big WHERE 1 / (20000 - id) IS NOT NULL ORDER BY id");
+    int64_t read = 0;
+    try {
+        while (!rs->IsEOF()) {
+            ASSERT_EQ(rs->FieldValue(0), Value(read + 1));
+            ++read;
+            rs->MoveNext();
+        }
+        FAIL() << "no failure after " << read << " records";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.description(), "division by zero");
+    }
+    EXPECT_GT(read, 18000);
+    EXPECT_LT(read, 20000);
+}
+
+TEST_F(PgRecordsetTest, CountingWhileBatchesAreOnTheirWayKeepsEveryRecord) {
+    auto rs = db_->OpenRecordset("SELECT id FROM big ORDER BY id");
+    for (int i = 0; i < 3000; ++i) rs->MoveNext();
+    EXPECT_EQ(rs->FieldValue(0), Value(int64_t{3001}));
+    rs->MoveLast();
+    EXPECT_EQ(rs->RecordCount(), 25000);
+    EXPECT_EQ(rs->FieldValue(0), Value(int64_t{25000}));
+    rs->MoveFirst();
+    std::vector<std::string> ids = ReadColumn(*rs, 0);
+    ASSERT_EQ(ids.size(), 25000u);
+    for (size_t i = 0; i < ids.size(); ++i) ASSERT_EQ(ids[i], std::to_string(i + 1));
+}
+
+TEST_F(PgRecordsetTest, ClosingWithBatchesOnTheirWayLeavesTheSessionReady) {
+    for (const char* query : {"SELECT id FROM big ORDER BY id",
+                              "SELECT id FROM big WHERE 1 / (20000 - id) IS NOT NULL ORDER BY id"}) {
+        auto rs = db_->OpenRecordset(query);
+        for (int i = 0; i < 1500; ++i) rs->MoveNext();
+        EXPECT_EQ(rs->FieldValue(0), Value(int64_t{1501})) << query;
+        rs->Close();
+        EXPECT_TRUE(rs->IsEOF());
+        // The same session serves the next questions, as after a recordset read to its end.
+        EXPECT_FALSE(db_->TableNames().empty()) << query;
+        auto next = db_->OpenRecordset("SELECT count(*) FROM big");
+        EXPECT_EQ(next->FieldValue(0), Value(int64_t{25000})) << query;
+    }
+}
+
 TEST_F(PgRecordsetTest, FieldsByNameIgnoreCaseAndByIndex) {
     auto rs = db_->OpenRecordset("SELECT id, \"Name\", city AS \"Città\" FROM people ORDER BY id");
     EXPECT_EQ(rs->FieldCount(), 3);
