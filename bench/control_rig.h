@@ -3,18 +3,18 @@
 #include <memory>
 
 #include "bench_support.h"
-#include "grid/control_state.h"
-#include "grid/tabulon12.h"
+#include "control/tabulon12.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "platform/ui/text_metrics.h"
-#include "platform/ui/timer_service.h"
+#include "tests/support/probe.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonBench {
 
 // The ten columns of the mixed table on a control sized for `rows` surface rows, with the
 // query of the benchmarks.
 inline void DefineMixedList(TabulonLib12::Tabulon12& control, int rows) {
-    const float rowHeight = static_cast<float>(control.Interno().FG1->RowHeight(0));
+    const float rowHeight = static_cast<float>(TabulonLib12::Tabulon12Probe::Of(control).FG1.RowHeight(0));
     control.Superficie().Resize(15600, 345 + (rows + 2) * rowHeight);
     const char* fields[] = {"id", "code", "city", "day", "price", "rate", "qty", "paid", "note", "colour"};
     const char* formats[] = {"Nessuno", "Nessuno", "Nessuno", "Data", "Valuta", "Single", "Numerico", "Nessuno",

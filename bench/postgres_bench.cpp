@@ -17,11 +17,9 @@
 
 #include "bench_support.h"
 #include "control_rig.h"
-#include "grid/control_state.h"
-#include "grid/tabulon12.h"
+#include "control/tabulon12.h"
 #include "platform/postgres/postgres_engine.h"
 #include "platform/ui/text_metrics.h"
-#include "platform/ui/timer_service.h"
 
 using namespace TabulonLib12;
 using namespace TabulonBench;
@@ -138,7 +136,7 @@ struct PostgresRig {
         host.engine = &engine;
         control = std::make_unique<Tabulon12>(host, metrics, timers);
         DefineMixedList(*control, 30);
-        control->Interno().Password = Env("TABULON_PG_PASSWORD");
+        Tabulon12Probe::Of(*control).Password = Env("TABULON_PG_PASSWORD");
         control->setDataBaseName(BenchUri());
     }
 };
@@ -153,7 +151,7 @@ void CaricaFromPostgres(benchmark::State& state) {
         rig->control->Carica();
         state.PauseTiming();
         if (!rig->messages.shown.empty()) state.SkipWithError(rig->messages.shown[0].prompt.c_str());
-        const auto& store = rig->control->Interno().MatriceRighe;
+        const auto& store = Tabulon12Probe::Of(*rig->control).MatriceRighe;
         state.counters["records"] = rig->control->RighePiene();
         state.counters["store_bytes"] = static_cast<double>(store.MemoryBytes());
         state.counters["peak_growth_bytes"] = static_cast<double>(PeakResidentBytes() - before);

@@ -28,7 +28,7 @@ void ControlScrollPaint(benchmark::State& state) {
     QtTimerService timers;
     ControlRig rig(kRecords, kRows, &metrics, &timers);
     TabulonWidget widget(rig.control->Superficie());
-    const int rowPx = rig.control->Interno().FG1->RowHeight(0) / TwipsPerPixel;
+    const int rowPx = Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel;
     widget.resize(1040, 23 + (kRows + 2) * rowPx + 4);
     widget.show();
     rig.control->Carica();
@@ -48,7 +48,7 @@ void TableViewScrollPaint(benchmark::State& state) {
     QtTimerService timers;
     ControlRig rig(kRecords, kRows, &metrics, &timers);
     rig.control->Carica();
-    const auto& store = rig.control->Interno().MatriceRighe;
+    const auto& store = Tabulon12Probe::Of(*rig.control).MatriceRighe;
     QStandardItemModel model(static_cast<int>(kRecords), 10);
     for (int r = 0; r < kRecords; ++r)
         for (int c = 0; c < 10; ++c)
@@ -58,7 +58,7 @@ void TableViewScrollPaint(benchmark::State& state) {
     view.setModel(&model);
     view.horizontalHeader()->hide();
     view.verticalHeader()->hide();
-    view.verticalHeader()->setDefaultSectionSize(rig.control->Interno().FG1->RowHeight(0) / TwipsPerPixel);
+    view.verticalHeader()->setDefaultSectionSize(Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel);
     view.verticalScrollBar()->setSingleStep(1);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     for (int c = 0; c < 10; ++c) view.setColumnWidth(c, 100);

@@ -29,7 +29,7 @@ void ScrollStep(benchmark::State& state) {
 void ListaIndiciSel(benchmark::State& state) {
     ControlRig rig(1000000, 30);
     rig.control->Carica();
-    auto& s = rig.control->Interno();
+    auto& s = Tabulon12Probe::Of(*rig.control);
     rig.control->setMultiSel(true);
     // Ten thousand picks spread over the list, as SelezionaIndice leaves them.
     for (int32_t i = 0; i < 1000000; i += 100) s.MatriceRighe.SetCell(i, s.Cols, "1");

@@ -1,13 +1,12 @@
-// ValutaCondizione: whether the condition of a column holds for a cell value. The class of the
-// comparison comes from the field type found at load time; the cell is always the left side.
-#include <cmath>
-#include <strings.h>
+#include "grid/conditions.h"
 
-#include "grid/control_state.h"
 #include "platform/runtime/conversions.h"
 #include "platform/runtime/datetime.h"
+#include "platform/runtime/error.h"
+#include "platform/runtime/format.h"
 #include "platform/runtime/rounding.h"
 #include "platform/runtime/settings.h"
+#include "platform/runtime/text.h"
 
 namespace TabulonLib12 {
 
@@ -37,14 +36,13 @@ double ToDateSerial(std::string_view text) {
 }
 
 bool ToTruth(std::string_view text) {
-    const std::string s(text);
-    if (strcasecmp(s.c_str(), "true") == 0) return true;
-    if (strcasecmp(s.c_str(), "false") == 0) return false;
+    if (EqualsInsensitive(text, "true")) return true;
+    if (EqualsInsensitive(text, "false")) return false;
     return ToReal(text) != 0.0;
 }
 
 template <class T>
-bool Compare(const std::string& op, const T& left, const T& right) {
+bool Compare(std::string_view op, const T& left, const T& right) {
     if (op == "=") return left == right;
     if (op == "<>") return left != right;
     if (op == "<") return left < right;
@@ -56,10 +54,7 @@ bool Compare(const std::string& op, const T& left, const T& right) {
 
 }  // namespace
 
-bool Tabulon12::Impl::ValutaCondizione(int16_t c, std::string_view v, std::string_view t) const {
-    if (!col.Has(c)) throw Error::OutOfBounds();
-    const std::string& op = col.OperatoreCondizionale[static_cast<size_t>(c)];
-    const std::string& right = col.Condizione[static_cast<size_t>(c)];
+bool ValutaCondizione(std::string_view op, std::string_view right, std::string_view v, std::string_view t) {
     const bool ordering = op == "<" || op == ">" || op == "<=" || op == ">=";
     const bool equality = op == "=" || op == "<>";
     if (!ordering && !equality) return false;
@@ -73,11 +68,15 @@ bool Tabulon12::Impl::ValutaCondizione(int16_t c, std::string_view v, std::strin
         case CompareClass::Date:
             return Compare(op, ToDateSerial(v), ToDateSerial(right));
         case CompareClass::Text:
-            return equality && Compare(op, std::string(v), right);
+            return equality && Compare(op, v, right);
         case CompareClass::None:
             return false;
     }
     return false;
+}
+
+std::string FormattaValore(std::string_view format, std::string_view v) {
+    return FormatByKey(v, format, CurrentSettings());
 }
 
 }  // namespace TabulonLib12

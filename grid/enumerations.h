@@ -15,8 +15,4 @@ enum class ColorArrowType : int16_t {
     White = 0, Black = 1, Grey = 2, Blue = 3, Green = 4, Custom = 100,
 };
 
-// Truth values as the property store keeps them.
-inline constexpr int16_t VbTrue = -1;
-inline constexpr int16_t VbFalse = 0;
-
 }  // namespace TabulonLib12

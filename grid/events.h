@@ -31,4 +31,20 @@ public:
     virtual void Resize() {}                                                                   // 19
 };
 
+// The host's handler as the control's parts raise events through it: nothing happens while the
+// host has registered none.
+class HostEvents {
+public:
+    Tabulon12Events* Handler() const { return handler_; }
+    void setHandler(Tabulon12Events* handler) { handler_ = handler; }
+    // Calls `raise` with the handler, when there is one.
+    template <class F>
+    void Raise(F&& raise) const {
+        if (handler_) raise(*handler_);
+    }
+
+private:
+    Tabulon12Events* handler_ = nullptr;
+};
+
 }  // namespace TabulonLib12

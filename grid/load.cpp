@@ -1,165 +1,116 @@
-// Carica: runs the query, copies every record as text into the row store, sums the columns,
-// sets up the scroll bar and paints the visible rows.
-#include <charconv>
+#include "grid/load.h"
 
-#include "grid/control_state.h"
+#include <algorithm>
+#include <new>
+
+#include "grid/values.h"
 #include "platform/runtime/rounding.h"
+#include "platform/runtime/steps.h"
+#include "platform/runtime/text.h"
 
 namespace TabulonLib12 {
 
 namespace {
 
 // Formats whose columns are not summed.
-bool IsUnsummedFormat(const std::string& f) {
-    return f == "Nessuno" || f == "Data" || f == "Ora" || f == "Data Breve";
-}
+bool IsUnsummedFormat(const std::string& f) { return f == "Nessuno" || f == "Data" || f == "Ora" || f == "Data Breve"; }
 
-std::string DecimalText(int64_t n) {
-    char buf[24];
-    auto [end, ec] = std::to_chars(buf, buf + sizeof buf, n);
-    return std::string(buf, end);
+// Copies the records from the first to the end into `result`, which holds a store of the
+// counted size. Failures of single fields and moves are the routine's own and stay in `steps`.
+void CopyRecords(Recordset& rs, const ColumnDefinitions& columns, LoadResult& result, Steps& steps) {
+    const size_t nCampi = columns.CampoQuery.size();
+    // Each column's field is resolved once; a name the recordset lacks leaves its cells empty,
+    // as a failing field lookup would.
+    std::vector<int> fieldOf(nCampi, -1);
+    std::vector<int8_t> decimals(nCampi, -1);  // -1: not summed
+    for (size_t c = 0; c < nCampi; ++c) {
+        steps([&] { fieldOf[c] = rs.FieldIndex(columns.CampoQuery[c]); });
+        if (!IsUnsummedFormat(columns.Formato[c]) && c < result.totals.size())
+            decimals[c] = columns.Formato[c] == "Numeri_4_Dec" ? 4 : 2;
+    }
+    RowStore& store = result.store;
+    int32_t n = 0;
+    std::string text;
+    while (true) {
+        bool eof = true;
+        if (!steps([&] { eof = rs.IsEOF(); }) || eof) break;
+        // A record beyond the counted ones has no row in the store; its cells fail to be stored,
+        // as writes beyond the bound would, and the sums go on.
+        const bool rowInStore = n <= store.RowBound();
+        if (n == 0) result.detectedTypes.assign(nCampi, std::string());
+        for (size_t c = 0; c < nCampi; ++c) {
+            const int f = fieldOf[c];
+            if (f < 0) continue;
+            steps([&] {
+                text.clear();
+                rs.AppendFieldText(f, text);  // a Null appends nothing
+                if (rowInStore) store.SetCell(n, static_cast<int64_t>(c), text);
+                if (n == 0) result.detectedTypes[c] = DecimalText(rs.FieldType(f));
+                if (decimals[c] >= 0) {
+                    const double v = RoundHalfEven(rs.FieldNumber(f), decimals[c]);
+                    result.totals[c] = static_cast<float>(v + result.totals[c]);
+                }
+            });
+            // Memory that runs out is no failure of one field: it ends the load.
+            if (steps.RanOutOfMemory()) throw std::bad_alloc();
+        }
+        ++n;
+        if (!steps([&] { rs.MoveNext(); })) break;
+    }
+    if (steps.RanOutOfMemory()) throw std::bad_alloc();
+    result.records = n;
 }
 
 }  // namespace
 
-void Tabulon12::Carica(bool SoloRefresh) { impl_->Carica(SoloRefresh); }
-void Tabulon12::Clear() { impl_->FG1->Clear(); }
-
-void Tabulon12::Impl::Carica(bool soloRefresh) {
-    if (QueryCaricamento.empty()) return;
-    const bool wasLoading = CaricamentoInCorso;
-    CaricamentoInCorso = true;
-
-    LeggiFileScelta();
-    if (!ColonneScelte.empty()) RidimensionaColonne();
-    if (!soloRefresh && !ImageLista.empty()) OggettoImageList = TrovaImageList(ImageLista);
-    IndiceSelezionato = -1;
-    IndiceRigaAttiva = -1;
-    SetScreenPointer(Pointer::Hourglass);
-    Shape2->setEnabled(false);
-    if (!soloRefresh) {
-        if (QueryCaricamento != UltimaQueryCaricata) SetScrollValue(0);
-        FG1->Clear();
-        UltimaQueryCaricata = QueryCaricamento;
+LoadResult LoadRecords(Database& db, const std::string& query, const ColumnDefinitions& columns, int16_t cols,
+                       int16_t minRows) {
+    LoadResult result;
+    Steps steps;
+    std::unique_ptr<Recordset> rs;
+    steps([&] { rs = db.OpenRecordset(query); });
+    if (!rs) {
+        // A query that fails to open gives an empty list in silence.
+        result.store = RowStore(minRows, cols);
+        return result;
     }
-    err.Clear();
-    QueryEffettiva = AssembleQuery();
-
-    bool openedHere = false;
-    bool haveDatabase = true;
-    if (!BaseDati) {
-        BaseDati = OpenDatabase(ConnectText());
-        if (BaseDati) {
-            openedHere = true;
+    result.opened = true;
+    try {
+        result.totals.assign(static_cast<size_t>(std::max<int16_t>(cols, 0)), 0.0f);
+        int32_t count = 0;
+        steps([&] { count = rs->RecordCount(); });
+        if (count < 1) {
+            result.store = RowStore(minRows, cols);
         } else {
-            haveDatabase = false;
-            MessageBox("Nessun DB disponibile", MsgBoxStyle::Critical);
-            // The open's own failure is not shown a second time.
-            err.Clear();
+            Steps counting;  // the count and the moves that make it exact: the load's failure
+            counting([&] { rs->MoveLast(); });
+            counting([&] { rs->MoveFirst(); });
+            counting([&] { count = rs->RecordCount(); });
+            result.store = RowStore(std::max<int32_t>(count, minRows), cols);
+            result.failure = counting.Failure();
+            CopyRecords(*rs, columns, result, steps);
         }
+    } catch (const std::bad_alloc&) {
+        // The memory ran out while the store was sized or filled: what was built goes, and the
+        // list is empty.
+        result.store = RowStore();
+        result.totals.assign(result.totals.size(), 0.0f);
+        result.detectedTypes.clear();
+        result.records = 0;
+        result.failure = Error::OutOfMemory();
+        result.store = RowStore(minRows, cols);
     }
+    steps([&] { rs->Close(); });
+    return result;
+}
 
-    if (haveDatabase) {
-        std::unique_ptr<Recordset> rs;
-        Step(err, [&] { rs = BaseDati->OpenRecordset(QueryEffettiva); });
-        MatriceRighe = RowStore(0, 0);
-        int32_t n = 0;
-        const int32_t storeCols = Cols;
-        if (rs) {
-            const size_t nCampi = col.CampoQuery.size();
-            TotaliColonna.assign(static_cast<size_t>(std::max<int16_t>(Cols, 0)), 0.0f);
-            int32_t count = 0;
-            Step(err, [&] { count = rs->RecordCount(); });
-            if (count < 1) {
-                MatriceRighe = RowStore(MinRows, storeCols);
-            } else {
-                Step(err, [&] { rs->MoveLast(); });
-                Step(err, [&] { rs->MoveFirst(); });
-                Step(err, [&] { count = rs->RecordCount(); });
-                MatriceRighe = RowStore(std::max<int32_t>(count, MinRows), storeCols);
-                if (err.IsSet())
-                    MessageBox("Errore nel caricamento dell'elenco\r\n" + err.description, MsgBoxStyle::Critical);
-
-                // Resolve each column's field once; a name the recordset lacks leaves its cells
-                // empty, as a failing field lookup would.
-                std::vector<int> fieldOf(nCampi, -1);
-                std::vector<int8_t> decimals(nCampi, -1);  // -1: not summed
-                for (size_t c = 0; c < nCampi; ++c) {
-                    Step(err, [&] { fieldOf[c] = rs->FieldIndex(col.CampoQuery[c]); });
-                    if (!IsUnsummedFormat(col.Formato[c]) && c < TotaliColonna.size())
-                        decimals[c] = col.Formato[c] == "Numeri_4_Dec" ? 4 : 2;
-                }
-                const bool blankHeadings = !ColonneScelte.empty();
-                std::string text;
-                while (true) {
-                    bool eof = true;
-                    if (!Step(err, [&] { eof = rs->IsEOF(); }) || eof) break;
-                    // A record beyond the counted ones has no row in the store; its cells fail
-                    // to be stored, as writes beyond the bound would, and the sums go on.
-                    const bool rowInStore = n <= MatriceRighe.RowBound();
-                    for (size_t c = 0; c < nCampi; ++c) {
-                        const int f = fieldOf[c];
-                        if (f < 0) continue;
-                        Step(err, [&] {
-                            text.clear();
-                            rs->AppendFieldText(f, text);  // a Null appends nothing
-                            if (rowInStore) MatriceRighe.SetCell(n, c, text);
-                            if (n == 0) col.TipoCampoRilevato[c] = DecimalText(rs->FieldType(f));
-                            if (decimals[c] >= 0) {
-                                const double v = RoundHalfEven(rs->FieldNumber(f), decimals[c]);
-                                TotaliColonna[c] = static_cast<float>(v + TotaliColonna[c]);
-                            }
-                        });
-                    }
-                    ++n;
-                    // The record counter blanks the heading of the same number when that
-                    // number is in the column choice.
-                    if (blankHeadings && VoceInLista(DecimalText(n), ColonneScelte))
-                        Step(err, [&] { (*LabelMenu)(static_cast<int16_t>(n)).setCaption(""); });
-                    if (!Step(err, [&] { rs->MoveNext(); })) break;
-                }
-            }
-            Step(err, [&] { rs->Close(); });
-        } else {
-            MatriceRighe = RowStore(MinRows, storeCols);
-        }
-        if (openedHere) {
-            Step(err, [&] { BaseDati->Close(); });
-            BaseDati.reset();
-        }
-
-        RighePiene = n;
-        VS1->setEnabled(!(MinRows > RighePiene));
-        VS1->setMin(0);
-        VS1->setMax(MatriceRighe.RowBound() - MinRows);
-
-        DisponiImmaginiColonna();
-        err.Clear();
-        ColoraSfondoRighe();
-
-        if (RighePiene < FG1->Rows()) SetScrollValue(VS1->Min());
-        RiempiFinestraRighe(true);
-        RiselezionaRiga();
-        RidisegnaTotali();
-    }
-
-    LabelCount->setCaption(TestoCount + " " + DecimalText(RighePiene));
-    LabelCount->setVisible(!TestoCount.empty());
-    SetScreenPointer(Pointer::Default);
-    Shape2->setEnabled(true);
-    CaricamentoInCorso = wasLoading;
-
-    if (events) {
-        try {
-            events->Caricato();
-        } catch (const Error& e) {
-            err.Set(e);
-        }
-    }
-    if (err.IsSet()) {
-        MessageBox(err.description, MsgBoxStyle::Plain);
-        err.Clear();
-    }
+std::vector<int16_t> HeadingsBlankedByRecords(std::string_view columnChoice, int32_t records) {
+    std::vector<int16_t> headings;
+    if (columnChoice.empty() || records < 1) return headings;
+    const int32_t last = std::min<int32_t>(records, INT16_MAX);
+    for (int32_t k = 1; k <= last; ++k)
+        if (ListHolds(columnChoice, DecimalText(k))) headings.push_back(static_cast<int16_t>(k));
+    return headings;
 }
 
 }  // namespace TabulonLib12

@@ -40,7 +40,7 @@ uint64_t RowStore::Store(std::string_view text) {
         return (static_cast<uint64_t>(longTexts_.size() - 1) << kLengthBits) | kLongText;
     }
     if (blocks_.empty() || used_ + text.size() > blockSize_) {
-        if (blocks_.size() == kMaxBlocks) throw Error(ErrorKind::Overflow, 7, "Out of memory");
+        if (blocks_.size() == kMaxBlocks) throw Error::OutOfMemory();
         blockSize_ = blocks_.empty() ? kFirstBlockSize : std::min(blockSize_ * 2, kMaxBlockSize);
         while (blockSize_ < text.size()) blockSize_ *= 2;
         blocks_.push_back(std::make_unique_for_overwrite<char[]>(blockSize_));

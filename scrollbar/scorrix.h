@@ -74,12 +74,10 @@ public:
     // The host's notice that a persistent property was written, with its name.
     std::function<void(const std::string&)> propertyChanged;
 
-    // The bar's elements and run-time fields (scrollbar/scorrix_impl.h).
-    struct Impl;
-    Impl& Interno() { return *impl_; }
-    const Impl& Interno() const { return *impl_; }
+    struct Impl;  // the bar's elements and run-time fields (scrollbar/scorrix_impl.h)
 
 private:
+    friend struct ScorrixProbe;  // the tests' window on the private state
     std::unique_ptr<Impl> impl_;
 };
 

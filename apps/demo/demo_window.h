@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "grid/tabulon12.h"
+#include "control/tabulon12.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_pointer.h"
 #include "platform/qt/qt_text_metrics.h"

@@ -5,6 +5,8 @@
 #include <array>
 #include <cctype>
 
+#include "platform/runtime/text.h"
+
 namespace TabulonLib12 {
 
 namespace {
@@ -23,13 +25,6 @@ constexpr std::array<std::string_view, 39> kConnectionKeywords{
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
-}
-
-bool StartsWithIgnoringCase(std::string_view text, std::string_view prefix) {
-    return text.size() >= prefix.size() &&
-           std::equal(prefix.begin(), prefix.end(), text.begin(), [](char p, char t) {
-               return p == std::tolower(static_cast<unsigned char>(t));
-           });
 }
 
 // Reads "key = value" pairs to the end; false at the first thing that is not one.
@@ -80,7 +75,7 @@ bool IsKeywordValueList(std::string_view text) {
 }  // namespace
 
 bool IsServerDatabaseName(std::string_view name) {
-    if (StartsWithIgnoringCase(name, "postgresql://") || StartsWithIgnoringCase(name, "postgres://")) return true;
+    if (StartsWithInsensitive(name, "postgresql://") || StartsWithInsensitive(name, "postgres://")) return true;
     return IsKeywordValueList(name);
 }
 

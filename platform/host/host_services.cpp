@@ -1,26 +1,12 @@
-// The host services that need code: image lists, form lookup, the recorders and the clock.
+// The host services that need code: image lists, form lookup and the clock.
 #include "platform/host/host_services.h"
 
 #include <chrono>
 
 #include "platform/runtime/error.h"
+#include "platform/runtime/text.h"
 
 namespace TabulonLib12 {
-
-namespace {
-
-// Control names are identifiers: case is folded on ASCII letters only, so that the comparison
-// does not depend on the process locale.
-bool SameNameIgnoringCase(const std::string& a, const std::string& b) {
-    if (a.size() != b.size()) return false;
-    for (size_t i = 0; i < a.size(); ++i) {
-        auto fold = [](char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; };
-        if (fold(a[i]) != fold(b[i])) return false;
-    }
-    return true;
-}
-
-}  // namespace
 
 Picture HostControl::ListImage(int32_t) const {
     throw Error(ErrorKind::MissingObject, 438, "Object doesn't support this property or method");
@@ -31,21 +17,13 @@ Picture ImageList::ListImage(int32_t index) const {
     return images_[static_cast<size_t>(index - 1)];
 }
 
+// Control names are identifiers: case is folded on ASCII letters only, so that the comparison
+// does not depend on the process locale.
 std::shared_ptr<HostControl> HostForm::Find(const std::string& name) const {
     for (const auto& control : controls_) {
-        if (control && SameNameIgnoringCase(control->Name(), name)) return control;
+        if (control && EqualsInsensitive(control->Name(), name)) return control;
     }
     return nullptr;
-}
-
-int16_t RecordingMessageBox::MsgBox(const std::string& prompt, int16_t style, const std::string& title) {
-    shown.push_back({prompt, style, title});
-    return answer;
-}
-
-void RecordingScreenPointer::setMousePointer(int16_t pointer) {
-    pointer_ = pointer;
-    history.push_back(pointer);
 }
 
 uint32_t SteadyClock::TickCount() const {

@@ -1,8 +1,8 @@
 #pragma once
 // What the control asks of its host: message boxes, the screen's pointer, a millisecond clock,
 // the host's forms and controls (where image lists are found by name), the property-change
-// notice and the database engine. Production realisations live in platform/qt; the recorders
-// and manual clock here serve the tests and the headless tools.
+// notice and the database engine. Production realisations live in platform/qt; the tests have
+// recorders of their own (tests/support).
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -96,35 +96,6 @@ struct HostServices {
     std::shared_ptr<HostForm> parentControls;
     // Called with the member's name after every write of a persistent property.
     std::function<void(const std::string&)> propertyChanged;
-};
-
-// Test and headless realisations.
-class RecordingMessageBox final : public MessageBoxService {
-public:
-    struct Shown {
-        std::string prompt;
-        int16_t style;
-        std::string title;
-    };
-    int16_t MsgBox(const std::string& prompt, int16_t style, const std::string& title) override;
-    std::vector<Shown> shown;
-    int16_t answer = MsgBoxOk;
-};
-
-class RecordingScreenPointer final : public ScreenPointer {
-public:
-    int16_t MousePointer() const override { return pointer_; }
-    void setMousePointer(int16_t pointer) override;
-    std::vector<int16_t> history;  // every value written, in order
-
-private:
-    int16_t pointer_ = 0;
-};
-
-class ManualClock final : public Clock {
-public:
-    uint32_t TickCount() const override { return now; }
-    uint32_t now = 0;
 };
 
 // The process's monotonic clock in milliseconds.

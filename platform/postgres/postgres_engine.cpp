@@ -3,6 +3,7 @@
 #include <cctype>
 
 #include "platform/db/composite_engine.h"
+#include "platform/runtime/text.h"
 #include "postgres_internal.h"
 
 namespace TabulonLib12 {
@@ -17,20 +18,12 @@ constexpr const char* kSessionOptions =
     "-c default_transaction_read_only=on -c DateStyle=ISO,YMD -c IntervalStyle=postgres -c bytea_output=hex "
     "-c lc_monetary=C -c standard_conforming_strings=on -c extra_float_digits=3";
 
-bool StartsWithIgnoringCase(std::string_view text, std::string_view prefix) {
-    return text.size() >= prefix.size() &&
-           std::equal(prefix.begin(), prefix.end(), text.begin(), [](char p, char t) {
-               return p == std::tolower(static_cast<unsigned char>(t));
-           });
-}
-
 // libpq knows its URI schemes in lower case only.
 std::string WithLowerScheme(const std::string& name) {
     std::string result = name;
     for (std::string_view scheme : {std::string_view("postgresql://"), std::string_view("postgres://")}) {
-        if (StartsWithIgnoringCase(name, scheme)) {
-            std::transform(result.begin(), result.begin() + static_cast<long>(scheme.size()), result.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        if (StartsWithInsensitive(name, scheme)) {
+            result.replace(0, scheme.size(), scheme);
             break;
         }
     }
@@ -44,7 +37,7 @@ bool PasswordOf(const std::string& connect, std::string& password) {
     while (segment <= connect.size()) {
         size_t i = segment;
         while (i < connect.size() && (connect[i] == ' ' || connect[i] == '\t')) ++i;
-        if (StartsWithIgnoringCase(std::string_view(connect).substr(i), "pwd=")) {
+        if (StartsWithInsensitive(std::string_view(connect).substr(i), "pwd=")) {
             password = connect.substr(i + 4);
             return true;
         }

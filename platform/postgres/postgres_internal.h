@@ -103,9 +103,6 @@ Error ClosedObject(const char* what);
 // The one statement of a query text, without the semicolons, blanks and comments after it.
 // Fails when the text holds no statement, or goes on after a ';' with anything else.
 std::string SingleStatement(std::string_view query);
-// The statement without its final ORDER BY when that clause orders the whole result and no
-// LIMIT, OFFSET, FETCH or locking clause follows it (the text as it is otherwise).
-std::string_view WithoutFinalOrderBy(std::string_view sql);
 
 // The type map: a built-in type by OID and modifier; code 0 when the catalogue must tell.
 ColumnType BuiltinType(Oid type, int modifier);

@@ -6,7 +6,9 @@
 #include <cctype>
 #include <limits>
 
+#include "platform/db/sql_text.h"
 #include "postgres_internal.h"
+#include "platform/runtime/text.h"
 
 namespace TabulonLib12 {
 
@@ -20,12 +22,6 @@ constexpr int64_t kFirstBatch = 1000;  // small, so that opening for one value s
 // in about four fifths of the time that one fetch of 2,000 ahead takes.
 constexpr int64_t kBatch = 500;
 constexpr int kDepth = 4;
-
-bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-           });
-}
 
 }  // namespace
 
@@ -231,7 +227,7 @@ int64_t PostgresRecordset::CountRecords() {
     // ends a comment that the query may finish with.
     session_->Run("SAVEPOINT tabulon_count", PGRES_COMMAND_OK);
     std::string count = "SELECT count(*) FROM (";
-    count += pg::WithoutFinalOrderBy(sql_);
+    count += WithoutFinalOrderBy(sql_, SqlDialect::Postgres());
     count += "\n) AS tabulon_count";
     try {
         pg::ResultPtr rows = session_->RunExtended(count, PGRES_TUPLES_OK);
@@ -322,7 +318,7 @@ std::string PostgresRecordset::FieldName(int index) const {
 int PostgresRecordset::FieldIndex(std::string_view name) const {
     RequireOpen();
     for (size_t i = 0; i < columns_.size(); ++i) {
-        if (SameNameIgnoringCase(columns_[i].name, name)) return static_cast<int>(i);
+        if (EqualsInsensitive(columns_[i].name, name)) return static_cast<int>(i);
     }
     return -1;
 }

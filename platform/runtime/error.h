@@ -16,6 +16,7 @@ enum class ErrorKind {
     InvalidValue,   // 380: a property refused the value
     Database,       // the engine's own failure; number from the engine
     File,           // 53 and friends: sequential files
+    OutOfMemory,    // 7: an allocation failed
 };
 
 class Error : public std::runtime_error {
@@ -34,6 +35,7 @@ public:
         return {ErrorKind::MissingObject, 91, "Object variable or With block variable not set"};
     }
     static Error InvalidValue() { return {ErrorKind::InvalidValue, 380, "Invalid property value"}; }
+    static Error OutOfMemory() { return {ErrorKind::OutOfMemory, 7, "Out of memory"}; }
 
 private:
     ErrorKind kind_;

@@ -5,22 +5,17 @@
 #include <cctype>
 #include <string_view>
 
+#include "platform/runtime/text.h"
 #include "sqlite_internal.h"
 
 namespace TabulonLib12::detail {
 
 namespace {
 
-bool SameName(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-           });
-}
-
 template <size_t N>
 bool IsOneOf(const char* name, const std::array<std::string_view, N>& names) {
     if (name == nullptr) return false;
-    return std::any_of(names.begin(), names.end(), [name](std::string_view n) { return SameName(n, name); });
+    return std::any_of(names.begin(), names.end(), [name](std::string_view n) { return EqualsInsensitive(n, name); });
 }
 
 // Pragmas that only report, with or without an argument (the argument names a table or index,

@@ -28,9 +28,6 @@ void InstallReadOnlyGuards(sqlite3* db);
 // the statement without its trailing semicolons.
 StatementPtr PrepareSingleStatement(sqlite3* db, std::string_view query, std::string* statementText);
 
-// The query without its final ORDER BY clause when that clause orders the whole result and no
-// LIMIT follows it (the text as it is otherwise): the same rows, counted without a sort.
-std::string_view WithoutFinalOrderBy(std::string_view sql);
 
 // Type code of a declared column type; 0 when there is none or the name is not in the map.
 int16_t DeclaredTypeCode(const char* declared);

@@ -6,7 +6,9 @@
 #include <charconv>
 #include <limits>
 
+#include "platform/db/sql_text.h"
 #include "platform/runtime/conversions.h"
+#include "platform/runtime/text.h"
 #include "sqlite_internal.h"
 
 namespace TabulonLib12 {
@@ -14,12 +16,6 @@ namespace TabulonLib12 {
 namespace {
 
 using detail::EngineError;
-
-bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-           });
-}
 
 std::string_view ColumnText(sqlite3_stmt* statement, int index) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, index));
@@ -111,7 +107,7 @@ int64_t SqliteRecordset::CountRows() const {
     // for an ordered one no sort. The line break ends a comment that the query may finish with.
     try {
         std::string countQuery = "SELECT count(*) FROM (";
-        countQuery += detail::WithoutFinalOrderBy(sql_);
+        countQuery += WithoutFinalOrderBy(sql_, SqlDialect::Sqlite());
         countQuery += "\n)";
         detail::StatementPtr count = detail::PrepareSingleStatement(db, countQuery, nullptr);
         if (sqlite3_step(count.get()) == SQLITE_ROW) return sqlite3_column_int64(count.get(), 0);
@@ -181,7 +177,7 @@ std::string SqliteRecordset::FieldName(int index) const {
 int SqliteRecordset::FieldIndex(std::string_view name) const {
     RequireOpen();
     for (size_t i = 0; i < names_.size(); ++i) {
-        if (SameNameIgnoringCase(names_[i], name)) return static_cast<int>(i);
+        if (EqualsInsensitive(names_[i], name)) return static_cast<int>(i);
     }
     return -1;
 }

@@ -21,8 +21,8 @@ TEST_F(ColumnsTest, FreshInstanceHasOneColumnWithItsDefaults) {
     EXPECT_EQ(control->ImmagineA(0), 0);
     EXPECT_EQ(control->IsIperText(0), 0);
     EXPECT_FALSE(control->MostraBarraVert(0));
-    EXPECT_EQ(S().col.TipoCampo[0], 10);
-    EXPECT_EQ(S().col.TipoCampoRilevato[0], "");
+    EXPECT_EQ(S().columns.TipoCampo[0], 10);
+    EXPECT_EQ(S().columns.TipoCampoRilevato[0], "");
 }
 
 TEST_F(ColumnsTest, FreshInstanceHasTheScalarDefaults) {
@@ -32,7 +32,7 @@ TEST_F(ColumnsTest, FreshInstanceHasTheScalarDefaults) {
     EXPECT_EQ(control->BottomHeight(), 0);
     EXPECT_FALSE(control->MultiSel());
     EXPECT_FALSE(control->ConsentiSceltaColonne());
-    EXPECT_FALSE(S().ImageTools->Visible());
+    EXPECT_FALSE(S().elements.ImageTools->Visible());
     EXPECT_EQ(control->StileTesta(), StileTestaType::Ice);
     EXPECT_EQ(control->StileTestaOver(), StileTestaType::Sky);
     EXPECT_EQ(control->StileArrow(), ColorArrowType::Blue);
@@ -41,7 +41,7 @@ TEST_F(ColumnsTest, FreshInstanceHasTheScalarDefaults) {
     EXPECT_EQ(control->ForeColorOrd(), 0x0000FFu);
     EXPECT_EQ(control->IperTextColor(), 0xFF0000u);
     EXPECT_EQ(control->ColorGridHead(), 0xF5DDCDu);
-    EXPECT_EQ(S().Shape2->BackColor(), 0xF5DDCDu);
+    EXPECT_EQ(S().elements.Shape2->BackColor(), 0xF5DDCDu);
     EXPECT_EQ(control->ForeColorHead(), 0u);
     EXPECT_EQ(control->ForeColor(), 0u);
     EXPECT_EQ(control->BorderColor(), 0xCEAB8Eu);
@@ -51,7 +51,7 @@ TEST_F(ColumnsTest, FreshInstanceHasTheScalarDefaults) {
     EXPECT_EQ(control->RighePiene(), 0);
     EXPECT_EQ(control->Rows(), 0);
     EXPECT_EQ(S().LarghezzaColonnaDefault, 1000);
-    EXPECT_EQ(S().AncoraMultipla, -1);
+    EXPECT_EQ(S().selection.AncoraMultipla(), -1);
 }
 
 TEST_F(ColumnsTest, EnumerationsHaveTheirNumbers) {
@@ -155,18 +155,18 @@ TEST_F(ColumnsTest, PerColumnWritesStoreTheirValues) {
     EXPECT_EQ(control->IsIperText(1), 1);
     EXPECT_EQ(control->KeyID(1), "K");
     EXPECT_TRUE(control->MostraBarraVert(1));
-    EXPECT_EQ(S().col.MostraBarraVert[1], VbTrue);
+    EXPECT_EQ(S().columns.MostraBarraVert[1], VbTrue);
     EXPECT_EQ(control->ColonnaOpzionale(1), 3);
 }
 
 TEST_F(ColumnsTest, IntestazioneWriteCaptionsTheHeadingLabel) {
     control->setIntestazione(0, "Cliente");
-    EXPECT_EQ((*S().LabelMenu)(0).Caption(), "Cliente");
+    EXPECT_EQ(Menu(0).Caption(), "Cliente");
 }
 
 TEST_F(ColumnsTest, ToolTTWriteSetsTheHeadingPictureTooltip) {
     control->setToolTT(0, "Il cliente");
-    EXPECT_EQ((*S().PicCol)(0).ToolTipText(), "Il cliente");
+    EXPECT_EQ(PicCol(0).ToolTipText(), "Il cliente");
 }
 
 TEST_F(ColumnsTest, ImmagineAWriteSetsTheHeadingPictureAndImmagineBDoesNot) {
@@ -180,9 +180,9 @@ TEST_F(ColumnsTest, ImmagineAWriteSetsTheHeadingPictureAndImmagineBDoesNot) {
     control->setFormContenitore(form);
     control->setImageLista("Immagini");
     control->setImmagineA(0, 1);
-    EXPECT_EQ((*S().PicCol)(0).GetPicture(), red);
+    EXPECT_EQ(PicCol(0).GetPicture(), red);
     control->setImmagineB(0, 2);
-    EXPECT_EQ((*S().PicCol)(0).GetPicture(), red);
+    EXPECT_EQ(PicCol(0).GetPicture(), red);
     EXPECT_EQ(control->ImmagineB(0), 2);
 }
 
@@ -191,10 +191,10 @@ TEST_F(ColumnsTest, ColsWidthReadIsZeroForAHiddenColumnWhileColsWidthEffStillSca
     control->setColsWidth(1, 2000);
     FG1().setColWidth(1, 0);
     EXPECT_EQ(control->ColsWidth(1), 0);
-    const float factor = S().FattoreAdattamento();
+    const float factor = S().structure.FattoreAdattamento();
     EXPECT_EQ(control->ColsWidthEff(1), static_cast<int16_t>(std::nearbyint(2000 * factor)));
     EXPECT_NE(control->ColsWidthEff(1), 0);
-    EXPECT_EQ(S().col.ColsWidth[1], 2000);
+    EXPECT_EQ(S().columns.ColsWidth[1], 2000);
 }
 
 TEST_F(ColumnsTest, ColsWidthWrittenWithTheSameValueDoesNotRebuildTheStructure) {
@@ -222,12 +222,12 @@ TEST_F(ColumnsTest, ColumnsAddedByColsGetWidthAlignmentBackAndAnEmptyFormato) {
     EXPECT_EQ(control->Intestazione(0), "keep");
     EXPECT_EQ(control->Formato(0), "Nessuno");
     for (int16_t c : {int16_t{1}, int16_t{2}}) {
-        EXPECT_EQ(S().col.ColsWidth[static_cast<size_t>(c)], 1000);
+        EXPECT_EQ(S().columns.ColsWidth[static_cast<size_t>(c)], 1000);
         EXPECT_EQ(control->ColAlignment(c), 0);
         EXPECT_EQ(control->BackColorCol(c), 0xFFFFFFu);
         EXPECT_EQ(control->Formato(c), "");
         EXPECT_EQ(control->CampoQuery(c), "");
-        EXPECT_EQ(S().col.TipoCampo[static_cast<size_t>(c)], 0);
+        EXPECT_EQ(S().columns.TipoCampo[static_cast<size_t>(c)], 0);
     }
 }
 
@@ -314,21 +314,21 @@ TEST_F(ColumnsTest, BackColorAndBackColorSfondoReadTheSurfaceAlike) {
 
 TEST_F(ColumnsTest, ColoursHeldByElementsAreWrittenThere) {
     control->setBorderColor(0x010203);
-    EXPECT_EQ(S().Shape1->BorderColor(), 0x010203u);
+    EXPECT_EQ(S().elements.Shape1->BorderColor(), 0x010203u);
     control->setBackColorTopScheda(0x0A0B0C);
-    EXPECT_EQ(S().LabelTopSk->BackColor(), 0x0A0B0Cu);
+    EXPECT_EQ(S().elements.LabelTopSk->BackColor(), 0x0A0B0Cu);
     control->setGridColor(0x00FF00);
     EXPECT_EQ(FG1().GridColor(), 0x00FF00u);
     EXPECT_EQ(control->GridColor(), 0x00FF00u);
     control->setColorGridHead(0x111111);
-    EXPECT_EQ(S().Shape2->BackColor(), 0x111111u);
+    EXPECT_EQ(S().elements.Shape2->BackColor(), 0x111111u);
     control->setForeColor(0x222222);
     EXPECT_EQ(FG1().ForeColor(), 0x222222u);
     control->setVerticalGridColor(0x333333);
-    EXPECT_EQ((*S().FrameLine)(0).BackColor(), 0x333333u);
+    EXPECT_EQ(FrameLine(0).BackColor(), 0x333333u);
     EXPECT_EQ(control->VerticalGridColor(), 0x333333u);
     control->setForeColorHead(0x444444);
-    EXPECT_EQ((*S().LabelMenu)(0).ForeColor(), 0x444444u);
+    EXPECT_EQ(Menu(0).ForeColor(), 0x444444u);
     EXPECT_EQ(changed, (std::vector<std::string>{"BorderColor", "BackColorTopScheda", "GridColor", "ColorGridHead",
                                                  "ForeColor", "VerticalGridColor", "ForeColorHead"}));
 }
@@ -360,9 +360,9 @@ TEST_F(ColumnsTest, CellMembersForwardToTheCurrentCellAndCellPictureNotifiesNobo
 
 TEST_F(ColumnsTest, ConsentiSceltaColonneShowsTheChooserButton) {
     control->setConsentiSceltaColonne(true);
-    EXPECT_TRUE(S().ImageTools->Visible());
+    EXPECT_TRUE(S().elements.ImageTools->Visible());
     control->setConsentiSceltaColonne(false);
-    EXPECT_FALSE(S().ImageTools->Visible());
+    EXPECT_FALSE(S().elements.ImageTools->Visible());
 }
 
 TEST_F(ColumnsTest, QueryStringWriteSetsBothQueriesWithoutLoading) {
@@ -383,7 +383,7 @@ TEST_F(ColumnsTest, MultiSelOffClearsEveryMarkerOfTheStore) {
     control->setMultiSel(false);
     EXPECT_TRUE(S().MatriceRighe.IsEmpty(3, 3));
     EXPECT_TRUE(S().MatriceRighe.IsEmpty(7, 3));
-    EXPECT_EQ(S().AncoraMultipla, -1);
+    EXPECT_EQ(S().selection.AncoraMultipla(), -1);
 }
 
 TEST_F(ColumnsTest, BaseDatiAndFormContenitoreStoreWithoutNotifying) {

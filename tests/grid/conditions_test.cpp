@@ -2,6 +2,7 @@
 // display text of each format key.
 #include <gtest/gtest.h>
 
+#include "grid/conditions.h"
 #include "grid_fixture.h"
 #include "platform/runtime/settings.h"
 
@@ -13,7 +14,7 @@ protected:
     bool Holds(const std::string& op, const std::string& right, const std::string& cell, const std::string& type) {
         control->setOperatoreCondizionale(0, op);
         control->setCondizione(0, right);
-        return S().ValutaCondizione(0, cell, type);
+        return ValutaCondizione(control->OperatoreCondizionale(0), control->Condizione(0), cell, type);
     }
 };
 
@@ -94,7 +95,7 @@ class FormatTest : public GridTest {
 protected:
     std::string Show(const std::string& format, const std::string& value) {
         control->setFormato(0, format);
-        return S().FormattaValore(0, value);
+        return FormattaValore(control->Formato(0), value);
     }
 };
 

@@ -100,7 +100,7 @@ TEST_F(DataSourceTest, ImageListaFoundByTheLowerCaseFormOfItsName) {
     form->Add(list);
     control->setFormContenitore(form);
     control->setImageLista("imgstati");
-    EXPECT_EQ(S().OggettoImageList, list);
+    EXPECT_EQ(S().imageList.Object(), list);
     EXPECT_EQ(control->ImageLista(), "imgstati");
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(changed, std::vector<std::string>{"ImageLista"});
@@ -113,13 +113,13 @@ TEST_F(DataSourceTest, ImageListaLooksAtTheFormFirstThenAtTheControlsAround) {
     host.parentControls = around;
     control = std::make_unique<Tabulon12>(host, metrics, timers);
     control->setImageLista("LISTA");
-    EXPECT_EQ(control->Interno().OggettoImageList, outer);
+    EXPECT_EQ(S().imageList.Object(), outer);
     auto form = std::make_shared<HostForm>("Form1");
     auto inner = std::make_shared<ImageList>("lista");
     form->Add(inner);
     control->setFormContenitore(form);
     control->setImageLista("Lista");
-    EXPECT_EQ(control->Interno().OggettoImageList, inner);
+    EXPECT_EQ(S().imageList.Object(), inner);
 }
 
 TEST_F(DataSourceTest, ImageListaAcceptsAnyControlOfThatName) {
@@ -128,7 +128,7 @@ TEST_F(DataSourceTest, ImageListaAcceptsAnyControlOfThatName) {
     form->Add(button);
     control->setFormContenitore(form);
     control->setImageLista("pulsante");
-    EXPECT_EQ(S().OggettoImageList, button);
+    EXPECT_EQ(S().imageList.Object(), button);
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -151,12 +151,12 @@ TEST_F(DataSourceTest, EmptyImageListaNotifiesWithoutSearching) {
 TEST_F(DataSourceTest, QueryEffettivaAfterAHeadingSortEndsInOrderByAndDesc) {
     LoadNumbered(3);
     EXPECT_EQ(control->QueryEffettiva(), "SELECT id, name, amount FROM t ORDER BY id");
-    S().CampoOrdinamentoAttivo = "amount";
+    S().sort.SetOrder("amount", false);
     control->Carica(true);
     EXPECT_EQ(control->QueryEffettiva(), "SELECT id, name, amount FROM t ORDER BY id ORDER BY amount");
     EXPECT_EQ(control->RighePiene(), 0);  // the engine refuses the second ORDER BY: an empty list
     control->setQueryString("SELECT id, name, amount FROM t");
-    S().OrdinamentoDiscendente = true;
+    S().sort.SetOrder("amount", true);
     control->Carica(true);
     EXPECT_EQ(control->QueryEffettiva(), "SELECT id, name, amount FROM t ORDER BY amount DESC");
     EXPECT_EQ(control->QueryString(), "SELECT id, name, amount FROM t");
@@ -164,24 +164,22 @@ TEST_F(DataSourceTest, QueryEffettivaAfterAHeadingSortEndsInOrderByAndDesc) {
 }
 
 TEST_F(DataSourceTest, DescendingWithoutAnOrderExpressionAddsNothing) {
-    S().QueryCaricamento = "SELECT 1";
-    S().OrdinamentoDiscendente = true;
-    EXPECT_EQ(S().AssembleQuery(), "SELECT 1");
+    EXPECT_EQ(AssembleQuery("SELECT 1", "", true), "SELECT 1");
 }
 
 TEST_F(DataSourceTest, ValoreNumericoAndValoreTesto) {
     ScopedSettings italian(SystemSettings::Italian());
-    EXPECT_EQ(Tabulon12::Impl::ValoreNumerico(Value("abc")), 0.0);
-    EXPECT_EQ(Tabulon12::Impl::ValoreNumerico(Value("12")), 12.0);
-    EXPECT_EQ(Tabulon12::Impl::ValoreNumerico(Value("")), 0.0);
-    EXPECT_EQ(Tabulon12::Impl::ValoreNumerico(Value()), 0.0);
-    EXPECT_EQ(Tabulon12::Impl::ValoreNumerico(Value("1.234,5")), 1234.5);
-    EXPECT_EQ(Tabulon12::Impl::ValoreNumerico(Value(int64_t{7})), 7.0);
-    EXPECT_EQ(Tabulon12::Impl::ValoreNumerico(Value(true)), -1.0);
-    EXPECT_EQ(Tabulon12::Impl::ValoreTesto(Value()), "");
-    EXPECT_EQ(Tabulon12::Impl::ValoreTesto(Value("")), "");
-    EXPECT_EQ(Tabulon12::Impl::ValoreTesto(Value(2.5)), "2,5");
-    EXPECT_EQ(Tabulon12::Impl::ValoreTesto(Value(int64_t{42})), "42");
+    EXPECT_EQ(ValoreNumerico(Value("abc")), 0.0);
+    EXPECT_EQ(ValoreNumerico(Value("12")), 12.0);
+    EXPECT_EQ(ValoreNumerico(Value("")), 0.0);
+    EXPECT_EQ(ValoreNumerico(Value()), 0.0);
+    EXPECT_EQ(ValoreNumerico(Value("1.234,5")), 1234.5);
+    EXPECT_EQ(ValoreNumerico(Value(int64_t{7})), 7.0);
+    EXPECT_EQ(ValoreNumerico(Value(true)), -1.0);
+    EXPECT_EQ(ValoreTesto(Value()), "");
+    EXPECT_EQ(ValoreTesto(Value("")), "");
+    EXPECT_EQ(ValoreTesto(Value(2.5)), "2,5");
+    EXPECT_EQ(ValoreTesto(Value(int64_t{42})), "42");
 }
 
 TEST_F(DataSourceTest, PrimoValoreQueryOpensAndClosesTheDatabaseItOpened) {

@@ -7,12 +7,15 @@
 #include <string>
 #include <vector>
 
-#include "grid/control_state.h"
-#include "grid/tabulon12.h"
+#include "control/tabulon12.h"
+#include "grid/row_window.h"
+#include "grid/values.h"
+#include "platform/runtime/text.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "platform/ui/text_metrics.h"
-#include "platform/ui/timer_service.h"
 #include "tests/db/sqlite_fixture.h"
+#include "tests/support/probe.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonLib12::testing {
 
@@ -75,8 +78,12 @@ protected:
         changed.clear();
     }
 
-    Tabulon12::Impl& S() { return control->Interno(); }
-    CellGrid& FG1() { return *S().FG1; }
+    Tabulon12::Impl& S() { return Tabulon12Probe::Of(*control); }
+    CellGrid& FG1() { return S().FG1; }
+    // Items of the control's element arrays, by their design names.
+    Label& Menu(int16_t i) { return FindElement<Label>(S().surface, "LabelMenu", i); }
+    ImageElement& PicCol(int16_t i) { return FindElement<ImageElement>(S().surface, "PicCol", i); }
+    Frame& FrameLine(int16_t i) { return FindElement<Frame>(S().surface, "FrameLine", i); }
 
     // A database file in the test's folder, written with the script.
     std::string MakeDatabase(const std::string& script, const std::string& name = "test.db") {

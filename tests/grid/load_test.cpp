@@ -33,32 +33,32 @@ TEST_F(LoadTest, AQueryWithNoRecordsGivesAnEmptyStoreOfMinRowsAndRaisesCaricato)
     EXPECT_EQ(control->Rows(), 10);
     EXPECT_EQ(S().MatriceRighe.ColBound(), 3);
     EXPECT_EQ(control->RighePiene(), 0);
-    EXPECT_FALSE(S().VS1->Enabled());
+    EXPECT_FALSE(S().VS1.Enabled());
     EXPECT_EQ(events.Count("Caricato"), 1);
-    EXPECT_EQ(S().LabelCount->Caption(), "Righe: 0");
-    EXPECT_TRUE(S().LabelCount->Visible());
+    EXPECT_EQ(S().elements.LabelCount->Caption(), "Righe: 0");
+    EXPECT_TRUE(S().elements.LabelCount->Visible());
 }
 
 TEST_F(LoadTest, LabelCountIsHiddenWithoutTestoCount) {
     LoadNumbered(4);
-    EXPECT_EQ(S().LabelCount->Caption(), " 4");
-    EXPECT_FALSE(S().LabelCount->Visible());
+    EXPECT_EQ(S().elements.LabelCount->Caption(), " 4");
+    EXPECT_FALSE(S().elements.LabelCount->Visible());
 }
 
 TEST_F(LoadTest, ExactlyMinRowsRecordsEnableTheBarWithMaxZero) {
     LoadNumbered(10);
     EXPECT_EQ(control->RighePiene(), 10);
     EXPECT_EQ(control->Rows(), 10);
-    EXPECT_TRUE(S().VS1->Enabled());
-    EXPECT_EQ(S().VS1->Min(), 0);
-    EXPECT_EQ(S().VS1->Max(), 0);
+    EXPECT_TRUE(S().VS1.Enabled());
+    EXPECT_EQ(S().VS1.Min(), 0);
+    EXPECT_EQ(S().VS1.Max(), 0);
 }
 
 TEST_F(LoadTest, FewerRecordsThanMinRowsKeepAStoreOfMinRowsAndDisableTheBar) {
     LoadNumbered(4);
     EXPECT_EQ(control->Rows(), 10);
     EXPECT_EQ(control->RighePiene(), 4);
-    EXPECT_FALSE(S().VS1->Enabled());
+    EXPECT_FALSE(S().VS1.Enabled());
     EXPECT_EQ(FG1().TextMatrix(3, 1), "Name 4");
     EXPECT_EQ(FG1().TextMatrix(4, 1), "");
     EXPECT_TRUE(S().MatriceRighe.IsEmpty(4, 0));
@@ -68,7 +68,7 @@ TEST_F(LoadTest, MoreRecordsThanMinRowsGiveAStoreOfOneRowMore) {
     LoadNumbered(100);
     EXPECT_EQ(control->Rows(), 100);
     EXPECT_EQ(control->RighePiene(), 100);
-    EXPECT_EQ(S().VS1->Max(), 90);
+    EXPECT_EQ(S().VS1.Max(), 90);
     EXPECT_EQ(S().MatriceRighe.Cell(99, 0), "100");
     EXPECT_TRUE(S().MatriceRighe.IsEmpty(100, 0));
     EXPECT_EQ(FG1().TextMatrix(0, 0), "1");
@@ -78,9 +78,9 @@ TEST_F(LoadTest, MoreRecordsThanMinRowsGiveAStoreOfOneRowMore) {
 TEST_F(LoadTest, WithMinRowsPlusFiveRecordsAndValueFiveTheLastRowShowsRecordMinRowsPlusFour) {
     LoadNumbered(15);
     int32_t five = 5;
-    S().VS1->setValue(five);
+    S().VS1.setValue(five);
     control->Carica(true);
-    EXPECT_EQ(S().VS1->Value(), 5);
+    EXPECT_EQ(S().VS1.Value(), 5);
     EXPECT_EQ(FG1().TextMatrix(9, 0), "15");  // record MinRows + 4, counted from 0
     EXPECT_EQ(FG1().TextMatrix(0, 0), "6");
 }
@@ -88,29 +88,29 @@ TEST_F(LoadTest, WithMinRowsPlusFiveRecordsAndValueFiveTheLastRowShowsRecordMinR
 TEST_F(LoadTest, SoloRefreshKeepsTheScrollPositionWhileRighePieneIsNotBelowRows) {
     LoadNumbered(40);
     int32_t seven = 7;
-    S().VS1->setValue(seven);
+    S().VS1.setValue(seven);
     control->Carica(true);
-    EXPECT_EQ(S().VS1->Value(), 7);
+    EXPECT_EQ(S().VS1.Value(), 7);
     EXPECT_EQ(FG1().TextMatrix(0, 0), "8");
 }
 
 TEST_F(LoadTest, SoloRefreshReturnsToTheTopWhenFewerRecordsThanRowsCome) {
     LoadNumbered(40);
     int32_t seven = 7;
-    S().VS1->setValue(seven);
+    S().VS1.setValue(seven);
     control->setQueryString("SELECT id, name, amount FROM t WHERE id <= 5");
     control->Carica(true);
-    EXPECT_EQ(S().VS1->Value(), 0);
+    EXPECT_EQ(S().VS1.Value(), 0);
     EXPECT_EQ(FG1().TextMatrix(0, 0), "1");
 }
 
 TEST_F(LoadTest, AChangedQueryWithoutSoloRefreshReturnsToTheTop) {
     LoadNumbered(40);
     int32_t seven = 7;
-    S().VS1->setValue(seven);
+    S().VS1.setValue(seven);
     control->setQueryString("SELECT id, name, amount FROM t WHERE id > 2 ORDER BY id");
     control->Carica();
-    EXPECT_EQ(S().VS1->Value(), 0);
+    EXPECT_EQ(S().VS1.Value(), 0);
     EXPECT_EQ(FG1().TextMatrix(0, 0), "3");
     EXPECT_EQ(S().UltimaQueryCaricata, "SELECT id, name, amount FROM t WHERE id > 2 ORDER BY id");
 }
@@ -118,12 +118,12 @@ TEST_F(LoadTest, AChangedQueryWithoutSoloRefreshReturnsToTheTop) {
 TEST_F(LoadTest, AnUnchangedQueryKeepsTheScrollValueButClearsTheSurface) {
     LoadNumbered(40);
     int32_t seven = 7;
-    S().VS1->setValue(seven);
+    S().VS1.setValue(seven);
     FG1().setRow(0);
     FG1().setCol(0);
     FG1().setCellBackColor(0x00FF00);
     control->Carica();
-    EXPECT_EQ(S().VS1->Value(), 7);
+    EXPECT_EQ(S().VS1.Value(), 7);
     EXPECT_EQ(FG1().TextMatrix(0, 0), "8");
     FG1().setRow(0);
     FG1().setCol(0);
@@ -139,10 +139,10 @@ TEST_F(LoadTest, SoloRefreshKeepsTheImageListAndTheLastFullQuery) {
     S().ImageLista = "lista";
     control->setQueryString("SELECT id, name, amount FROM t WHERE id = 1");
     control->Carica(true);
-    EXPECT_FALSE(S().OggettoImageList);
+    EXPECT_FALSE(S().imageList.Object());
     EXPECT_EQ(S().UltimaQueryCaricata, "SELECT id, name, amount FROM t ORDER BY id");
     control->Carica();
-    EXPECT_EQ(S().OggettoImageList, list);
+    EXPECT_EQ(S().imageList.Object(), list);
     EXPECT_EQ(S().UltimaQueryCaricata, "SELECT id, name, amount FROM t WHERE id = 1");
 }
 
@@ -175,7 +175,7 @@ TEST_F(LoadTest, PublicClearBlanksTheSurfaceWhileTheStoreStillAnswers) {
 TEST_F(LoadTest, ThePointerShowsTheHourglassDuringTheLoad) {
     LoadNumbered(3);
     EXPECT_EQ(screen.history, (std::vector<int16_t>{11, 0}));
-    EXPECT_TRUE(S().Shape2->Enabled());
+    EXPECT_TRUE(S().elements.Shape2->Enabled());
 }
 
 TEST_F(LoadTest, CaricatoComesAfterTheFlagIsDownSoTheHostMayLoadAgain) {
@@ -218,10 +218,10 @@ TEST_F(LoadTest, TipoCampoRilevatoComesFromTheFirstRecordAndStaysWithoutRecords)
     control->setDataBaseName(dir.File("test.db"));
     control->setQueryString("SELECT * FROM t");
     control->Carica();
-    EXPECT_EQ(S().col.TipoCampoRilevato, (std::vector<std::string>{"4", "10", "7", "8", "1", "12"}));
+    EXPECT_EQ(S().columns.TipoCampoRilevato, (std::vector<std::string>{"4", "10", "7", "8", "1", "12"}));
     control->setQueryString("SELECT * FROM t WHERE 0");
     control->Carica();
-    EXPECT_EQ(S().col.TipoCampoRilevato[0], "4");
+    EXPECT_EQ(S().columns.TipoCampoRilevato[0], "4");
 }
 
 TEST_F(LoadTest, TotalsSumEveryValueRoundedHalfToEvenOnlyForSummedFormats) {
@@ -259,11 +259,12 @@ TEST_F(LoadTest, CellsHoldTheEngineTextUnderTheSystemSettings) {
 
 TEST_F(LoadTest, TheLoadLeavesTheMarkerColumnEmptyAndResetsTheSelection) {
     LoadNumbered(12);
-    S().IndiceSelezionato = 5;
+    control->SelezionaRiga(4);
+    ASSERT_EQ(control->IndiceSelezionato(), 5);
     S().MatriceRighe.SetCell(2, 3, "1");
     control->Carica();
     EXPECT_EQ(control->IndiceSelezionato(), -1);
-    EXPECT_EQ(S().IndiceRigaAttiva, -1);
+    EXPECT_EQ(S().selection.IndiceRigaAttiva(), -1);
     EXPECT_TRUE(S().MatriceRighe.IsEmpty(2, 3));
 }
 
@@ -273,15 +274,15 @@ TEST_F(LoadTest, TheRecordCounterBlanksTheHeadingOfTheSameNumberInTheChoiceList)
     control->setCols(2);
     control->setCampoQuery(0, "id");
     control->setFormato(0, "Nessuno");
-    for (int16_t i : {int16_t{3}, int16_t{4}, int16_t{5}, int16_t{6}}) (*S().LabelMenu).Load(i).setCaption("H");
+    for (int16_t i : {int16_t{3}, int16_t{4}, int16_t{5}, int16_t{6}}) Tabulon12Probe::Captions(*control).Load(i).setCaption("H");
     control->setFileScelta(choice);
     control->setDataBaseName(MakeNumbered(4));
     control->setQueryString("SELECT id FROM t");
     control->Carica();
-    EXPECT_EQ(S().ColonneScelte, "3,5");
-    EXPECT_EQ((*S().LabelMenu)(3).Caption(), "");   // record 3 blanked heading 3
-    EXPECT_EQ((*S().LabelMenu)(4).Caption(), "H");
-    EXPECT_EQ((*S().LabelMenu)(5).Caption(), "H");  // only four records: no fifth
+    EXPECT_EQ(S().chooser.ColonneScelte(), "3,5");
+    EXPECT_EQ(Menu(3).Caption(), "");   // record 3 blanked heading 3
+    EXPECT_EQ(Menu(4).Caption(), "H");
+    EXPECT_EQ(Menu(5).Caption(), "H");  // only four records: no fifth
     EXPECT_EQ(control->RighePiene(), 4);
 }
 
@@ -292,7 +293,7 @@ TEST_F(LoadTest, AHiddenColumnOfTheChoiceFileGetsWidthZeroAtTheLoad) {
     LoadNumbered(3);
     EXPECT_EQ(FG1().ColWidth(1), 0);
     EXPECT_EQ(control->ColsWidth(1), 0);
-    EXPECT_EQ(S().col.ColsWidth[1], 1000);
+    EXPECT_EQ(S().columns.ColsWidth[1], 1000);
     EXPECT_EQ(FG1().TextMatrix(0, 1), "");  // a hidden column shows no text
     EXPECT_EQ(S().MatriceRighe.Cell(0, 1), "Name 1");
 }
@@ -307,16 +308,16 @@ TEST_F(LoadTest, NoDatabaseKeepsTheOldStoreAndStillCountsPointsAndRaisesCaricato
     screen.history.clear();
     messages.shown.clear();
     int32_t two = 2;
-    S().VS1->setValue(two);
+    S().VS1.setValue(two);
     control->Carica(true);
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].prompt, "Nessun DB disponibile");
     EXPECT_EQ(messages.shown[0].style, MsgBoxStyle::Critical);
     EXPECT_EQ(control->RighePiene(), 12);
     EXPECT_EQ(S().MatriceRighe.Cell(11, 1), "Name 12");
-    EXPECT_EQ(S().VS1->Max(), 2);
-    EXPECT_EQ(S().VS1->Value(), 2);
-    EXPECT_EQ(S().LabelCount->Caption(), "N: 12");
+    EXPECT_EQ(S().VS1.Max(), 2);
+    EXPECT_EQ(S().VS1.Value(), 2);
+    EXPECT_EQ(S().elements.LabelCount->Caption(), "N: 12");
     EXPECT_EQ(screen.history, (std::vector<int16_t>{11, 0}));
     EXPECT_EQ(events.Count("Caricato"), 2);
 }

@@ -129,13 +129,13 @@ TEST_F(PaintTest, ColonnaColoreColoursTheWholeRow) {
 }
 
 TEST_F(PaintTest, ColoreDaTestoReadsThreeNumbers) {
-    EXPECT_EQ(Tabulon12::Impl::ColoreDaTesto(""), 0xFFFFFFu);
-    EXPECT_EQ(Tabulon12::Impl::ColoreDaTesto("255,0,0"), 0x0000FFu);
-    EXPECT_EQ(Tabulon12::Impl::ColoreDaTesto("0,0,255"), 0xFF0000u);
-    EXPECT_EQ(Tabulon12::Impl::ColoreDaTesto("10, 20 ,30"), Rgb(10, 20, 30));
-    EXPECT_EQ(Tabulon12::Impl::ColoreDaTesto("1,2"), 0u);
-    EXPECT_EQ(Tabulon12::Impl::ColoreDaTesto("1,2,3,4"), 0u);
-    EXPECT_EQ(Tabulon12::Impl::ColoreDaTesto("rosso"), 0u);
+    EXPECT_EQ(ColoreDaTesto(""), 0xFFFFFFu);
+    EXPECT_EQ(ColoreDaTesto("255,0,0"), 0x0000FFu);
+    EXPECT_EQ(ColoreDaTesto("0,0,255"), 0xFF0000u);
+    EXPECT_EQ(ColoreDaTesto("10, 20 ,30"), Rgb(10, 20, 30));
+    EXPECT_EQ(ColoreDaTesto("1,2"), 0u);
+    EXPECT_EQ(ColoreDaTesto("1,2,3,4"), 0u);
+    EXPECT_EQ(ColoreDaTesto("rosso"), 0u);
 }
 
 TEST_F(PaintTest, PictureByValueColumnTakesTheItemOfTheNumberAndWritesNoText) {
@@ -167,7 +167,7 @@ TEST_F(PaintTest, ConditionColumnShowsImmagineAWhenItHoldsAndImmagineBOtherwise)
     control->setImmagineA(4, 2);
     control->setImmagineB(4, 1);
     control->Carica();
-    EXPECT_EQ(S().col.TipoCampoRilevato[4], "4");
+    EXPECT_EQ(S().columns.TipoCampoRilevato[4], "4");
     EXPECT_EQ(*PictureAt(0, 4), green);  // 1 >= 1
     EXPECT_EQ(*PictureAt(1, 4), green);  // 2 >= 1
     EXPECT_EQ(*PictureAt(2, 4), red);    // 0 < 1
@@ -232,7 +232,7 @@ TEST_F(PaintTest, RowsBeyondTheStoreAreBlank) {
     LoadStates();
     control->Carica();
     int32_t v = 0;
-    S().VS1->setValue(v);
+    S().VS1.setValue(v);
     S().MatriceRighe = RowStore(3, 5);
     S().RiempiFinestraRighe(false);
     EXPECT_EQ(FG1().TextMatrix(5, 1), "");

@@ -27,15 +27,15 @@ TEST_F(SelectionTest, SelezionaRigaHighlightsTheWholeRowAndKeepsTheKey) {
     EXPECT_TRUE(FG1().View(3, 1).selected);
     EXPECT_FALSE(FG1().View(4, 1).selected);
     EXPECT_EQ(control->IndiceSelezionato(), 14);
-    EXPECT_EQ(S().IndiceRigaAttiva, 13);
-    EXPECT_EQ(S().RigaCorrente, 3);
+    EXPECT_EQ(S().selection.IndiceRigaAttiva(), 13);
+    EXPECT_EQ(S().selection.RigaCorrente(), 3);
     EXPECT_TRUE(FG1().HasFocus());
 }
 
 TEST_F(SelectionTest, SelezionaRigaOnePastTheSurfaceChangesNothing) {
     control->SelezionaRiga(2);
     control->SelezionaRiga(10);
-    EXPECT_EQ(S().RigaCorrente, 2);
+    EXPECT_EQ(S().selection.RigaCorrente(), 2);
     EXPECT_EQ(control->IndiceSelezionato(), 3);
 }
 
@@ -59,7 +59,7 @@ TEST_F(SelectionTest, SelRowZeroDoesNothingAndOneSelectsGridRowZero) {
     control->setSelRow(0);
     EXPECT_EQ(control->IndiceSelezionato(), -1);
     control->setSelRow(1);
-    EXPECT_EQ(S().RigaCorrente, 0);
+    EXPECT_EQ(S().selection.RigaCorrente(), 0);
     EXPECT_EQ(control->IndiceSelezionato(), 1);
 }
 
@@ -253,7 +253,7 @@ TEST_F(SelectionTest, TheSelectionDoesNotSurviveALoad) {
     control->SelezionaRiga(3);
     control->Carica();
     EXPECT_EQ(control->IndiceSelezionato(), -1);
-    EXPECT_EQ(S().IndiceRigaAttiva, -1);
+    EXPECT_EQ(S().selection.IndiceRigaAttiva(), -1);
 }
 
 }  // namespace

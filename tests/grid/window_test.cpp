@@ -10,22 +10,22 @@ using WindowTest = GridTest;
 
 TEST_F(WindowTest, WithAHundredRecordsAndTenRowsTheBarRunsToNinety) {
     LoadNumbered(100);
-    EXPECT_EQ(S().VS1->Max(), 90);
+    EXPECT_EQ(S().VS1.Max(), 90);
     control->setTopRow(90);
-    EXPECT_EQ(S().RigaDaIndice(95), 5);
-    EXPECT_EQ(S().RigaDaIndice(89), -1);
-    EXPECT_EQ(S().RigaDaIndice(100), -1);
-    EXPECT_EQ(S().IndiceDaRiga(3), 93);
-    EXPECT_EQ(S().IndiceDaRiga(-4), 86);  // no range test
+    EXPECT_EQ(RigaDaIndice(S().VS1.Value(), S().FG1.Rows(), 95), 5);
+    EXPECT_EQ(RigaDaIndice(S().VS1.Value(), S().FG1.Rows(), 89), -1);
+    EXPECT_EQ(RigaDaIndice(S().VS1.Value(), S().FG1.Rows(), 100), -1);
+    EXPECT_EQ(IndiceDaRiga(S().VS1.Value(), 3), 93);
+    EXPECT_EQ(IndiceDaRiga(S().VS1.Value(), -4), 86);  // no range test
 }
 
 TEST_F(WindowTest, TopRowIsClampedToTheScrollRange) {
     LoadNumbered(100);
     control->setTopRow(-5);
-    EXPECT_EQ(S().VS1->Value(), 0);
+    EXPECT_EQ(S().VS1.Value(), 0);
     EXPECT_EQ(control->TopRow(), 0);
     control->setTopRow(500);
-    EXPECT_EQ(S().VS1->Value(), 90);
+    EXPECT_EQ(S().VS1.Value(), 90);
     control->setTopRow(42);
     EXPECT_EQ(control->TopRow(), 42);
 }
@@ -50,16 +50,16 @@ TEST_F(WindowTest, TopRowWrittenWithItsOwnValueRepaintsTheWholeSurface) {
 TEST_F(WindowTest, AnEmptyListPaintsNothingOnAScrollButHidesTheTooltip) {
     LoadNumbered(0);
     FG1().setTextMatrix(2, 1, "left alone");
-    S().PictureTTT->setVisible(true);
+    S().elements.PictureTTT->setVisible(true);
     control->setTopRow(0);
     EXPECT_EQ(FG1().TextMatrix(2, 1), "left alone");
-    EXPECT_FALSE(S().PictureTTT->Visible());
+    EXPECT_FALSE(S().elements.PictureTTT->Visible());
 }
 
 TEST_F(WindowTest, TheScrollBarsGoDownAndGoUpReachTheHost) {
     LoadNumbered(20);
-    S().VS1->onGoDown();
-    S().VS1->onGoUp();
+    S().VS1.onGoDown();
+    S().VS1.onGoUp();
     EXPECT_EQ(events.Count("GoDown"), 1);
     EXPECT_EQ(events.Count("GoUp"), 1);
 }
@@ -83,10 +83,10 @@ TEST_F(WindowTest, RowReadsAsAStoreIndexWhileItsWriteIsAGridRow) {
     control->setTopRow(20);
     control->setRow(3);
     EXPECT_EQ(control->Row(), 23);
-    EXPECT_EQ(S().RigaCorrente, 3);
+    EXPECT_EQ(S().selection.RigaCorrente(), 3);
     EXPECT_EQ(FG1().Row(), FG1().Row());  // nothing moved on the surface
     control->setRow(-2);
-    EXPECT_EQ(S().RigaCorrente, -2);
+    EXPECT_EQ(S().selection.RigaCorrente(), -2);
 }
 
 TEST_F(WindowTest, RowOverflowsPast32767WhileTopRowKeepsWorking) {
@@ -216,7 +216,7 @@ TEST_F(WindowTest, PositionsRoundHalfToEvenInSinglePrecision) {
 TEST_F(WindowTest, ASelectionFollowsItsRecordOffTheSurfaceAndBack) {
     LoadNumbered(100);
     control->SelezionaRiga(5);
-    EXPECT_EQ(S().IndiceRigaAttiva, 5);
+    EXPECT_EQ(S().selection.IndiceRigaAttiva(), 5);
     EXPECT_EQ(control->IndiceSelezionato(), 6);
     control->setTopRow(3);
     EXPECT_EQ(FG1().Row(), 2);
@@ -225,7 +225,7 @@ TEST_F(WindowTest, ASelectionFollowsItsRecordOffTheSurfaceAndBack) {
     // Off the surface nothing is selected again: the key stays, no row shows it.
     EXPECT_FALSE(FG1().SelectionShown());
     EXPECT_EQ(control->IndiceSelezionato(), 6);
-    EXPECT_EQ(S().IndiceRigaAttiva, 5);
+    EXPECT_EQ(S().selection.IndiceRigaAttiva(), 5);
     control->setTopRow(1);
     EXPECT_EQ(FG1().Row(), 4);
     EXPECT_EQ(FG1().ColSel(), 2);

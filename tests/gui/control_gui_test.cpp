@@ -2,12 +2,12 @@
 // store, and both selections show in their colours.
 #include <gtest/gtest.h>
 
-#include "grid/control_state.h"
-#include "grid/tabulon12.h"
-#include "scrollbar/scorrix_impl.h"
+#include "control/tabulon12.h"
 #include "gui_test_support.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "tests/db/sqlite_fixture.h"
+#include "tests/support/probe.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonLib12::GuiTest {
 namespace {
@@ -38,7 +38,8 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowExposed(widget.get()));
     }
 
-    CellGrid& FG1() { return *control->Interno().FG1; }
+    Tabulon12::Impl& S() { return Tabulon12Probe::Of(*control); }
+    CellGrid& FG1() { return S().FG1; }
 
     // The cell's rectangle in widget pixels, one pixel in from its edges.
     QRect CellRect(int row, int col) {
@@ -105,7 +106,7 @@ TEST_F(ControlGuiTest, ScrollingWithTheBarRepaintsTheRows) {
     const QImage top = Shot();
     const QImage row1 = top.copy(CellRect(1, 1));
     int32_t one = 1;
-    control->Interno().VS1->setValue(one);
+    S().VS1.setValue(one);
     const QImage scrolled = Shot();
     EXPECT_EQ(scrolled.copy(CellRect(0, 1)), row1);
 }
@@ -114,7 +115,7 @@ TEST_F(ControlGuiTest, ClickingTheBarsDownButtonScrollsThePaintedRows) {
     control->Carica();
     const QImage top = Shot();
     const QImage row1 = top.copy(CellRect(1, 1));
-    const ImageElement& down = *control->Interno().VS1->Interno().ImageDWN;
+    const ImageElement& down = *ScorrixProbe::Of(S().VS1).ImageDWN;
     const QPoint centre(static_cast<int>((down.SurfaceLeft() + down.Width() / 2) / TwipsPerPixel),
                         static_cast<int>((down.SurfaceTop() + down.Height() / 2) / TwipsPerPixel));
     QTest::mouseClick(widget.get(), Qt::LeftButton, Qt::NoModifier, centre);
@@ -181,8 +182,8 @@ TEST_F(ControlGuiTest, AScrollPaintsTheWidgetOnce) {
 
 TEST_F(ControlGuiTest, TheLoadMessageBoxesGoToTheHost) {
     control->setQueryString("SELECT id, name FROM t");
-    control->Interno().BaseDati.reset();
-    control->Interno().DataBaseName = dir.File("missing.db");
+    S().BaseDati.reset();
+    S().DataBaseName = dir.File("missing.db");
     control->Carica();
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].prompt, "Nessun DB disponibile");

@@ -11,8 +11,9 @@
 
 #include "gui_test_support.h"
 #include "scrollbar/scorrix.h"
-#include "scrollbar/scorrix_impl.h"
 #include "scrollbar/scorrix_pictures.h"
+#include "tests/support/probe.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonLib12::GuiTest {
 namespace {
@@ -42,7 +43,7 @@ protected:
     }
     void TearDown() override { bar.reset(); }
 
-    Scorrix::Impl& S() { return bar->Interno(); }
+    Scorrix::Impl& S() { return ScorrixProbe::Of(*bar); }
     size_t Count(const std::string& event) const { return std::count(events.begin(), events.end(), event); }
 
     // A mouse event with the buttons held as given, sent straight to the widget.

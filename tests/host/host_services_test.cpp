@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "platform/runtime/error.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonLib12 {
 namespace {

@@ -5,13 +5,14 @@
 #include <cstdio>
 #include <map>
 
-#include "grid/control_state.h"
-#include "grid/tabulon12.h"
+#include "control/tabulon12.h"
 #include "pg_fixture.h"
 #include "platform/db/composite_engine.h"
 #include "platform/runtime/settings.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "tests/grid/grid_fixture.h"
+#include "tests/support/probe.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonLib12::testing {
 namespace {
@@ -76,8 +77,8 @@ public:
         admin_.reset();
     }
 
-    Tabulon12::Impl& S() { return control->Interno(); }
-    CellGrid& FG1() { return *S().FG1; }
+    Tabulon12::Impl& S() { return Tabulon12Probe::Of(*control); }
+    CellGrid& FG1() { return S().FG1; }
     const std::string& Password() { return S().Password; }
 
     // Runs the script on the backend; answers the DataBaseName that reaches it.
@@ -161,9 +162,9 @@ TEST_P(LoadOnBothEngines, AQueryWithNoRecordsGivesAnEmptyStoreOfMinRowsAndRaises
     EXPECT_EQ(control().Rows(), 10);
     EXPECT_EQ(S().MatriceRighe.ColBound(), 3);
     EXPECT_EQ(control().RighePiene(), 0);
-    EXPECT_FALSE(S().VS1->Enabled());
+    EXPECT_FALSE(S().VS1.Enabled());
     EXPECT_EQ(rig_.events.Count("Caricato"), 1);
-    EXPECT_EQ(S().LabelCount->Caption(), "Righe: 0");
+    EXPECT_EQ(S().elements.LabelCount->Caption(), "Righe: 0");
     EXPECT_TRUE(rig_.messages.shown.empty());
 }
 
@@ -171,7 +172,7 @@ TEST_P(LoadOnBothEngines, FewerRecordsThanMinRowsKeepAStoreOfMinRowsAndDisableTh
     rig_.LoadNumbered(4);
     EXPECT_EQ(control().Rows(), 10);
     EXPECT_EQ(control().RighePiene(), 4);
-    EXPECT_FALSE(S().VS1->Enabled());
+    EXPECT_FALSE(S().VS1.Enabled());
     EXPECT_EQ(FG1().TextMatrix(3, 1), "Name 4");
     EXPECT_EQ(FG1().TextMatrix(4, 1), "");
     EXPECT_TRUE(S().MatriceRighe.IsEmpty(4, 0));
@@ -181,15 +182,15 @@ TEST_P(LoadOnBothEngines, ExactlyMinRowsRecordsEnableTheBarWithMaxZero) {
     rig_.LoadNumbered(10);
     EXPECT_EQ(control().RighePiene(), 10);
     EXPECT_EQ(control().Rows(), 10);
-    EXPECT_TRUE(S().VS1->Enabled());
-    EXPECT_EQ(S().VS1->Max(), 0);
+    EXPECT_TRUE(S().VS1.Enabled());
+    EXPECT_EQ(S().VS1.Max(), 0);
 }
 
 TEST_P(LoadOnBothEngines, MoreRecordsThanMinRowsGiveAStoreOfOneRowMore) {
     rig_.LoadNumbered(100);
     EXPECT_EQ(control().Rows(), 100);
     EXPECT_EQ(control().RighePiene(), 100);
-    EXPECT_EQ(S().VS1->Max(), 90);
+    EXPECT_EQ(S().VS1.Max(), 90);
     EXPECT_EQ(S().MatriceRighe.Cell(99, 0), "100");
     EXPECT_TRUE(S().MatriceRighe.IsEmpty(100, 0));
     EXPECT_EQ(FG1().TextMatrix(0, 0), "1");
@@ -217,10 +218,10 @@ TEST_P(LoadOnBothEngines, TipoCampoRilevatoComesFromTheFirstRecordAndStaysWithou
     control().setDataBaseName(name);
     control().setQueryString("SELECT * FROM t");
     control().Carica();
-    EXPECT_EQ(S().col.TipoCampoRilevato, (std::vector<std::string>{"4", "10", "7", "8", "1", "12"}));
+    EXPECT_EQ(S().columns.TipoCampoRilevato, (std::vector<std::string>{"4", "10", "7", "8", "1", "12"}));
     control().setQueryString("SELECT * FROM t WHERE 1 = 0");
     control().Carica();
-    EXPECT_EQ(S().col.TipoCampoRilevato[0], "4");
+    EXPECT_EQ(S().columns.TipoCampoRilevato[0], "4");
     EXPECT_EQ(control().RighePiene(), 0);
 }
 
@@ -260,8 +261,7 @@ TEST_P(LoadOnBothEngines, CellsHoldTheEngineTextUnderTheSystemSettings) {
 
 TEST_P(LoadOnBothEngines, AHeadingSortReloadsWithTheOrderExpression) {
     rig_.LoadNumbered(3);
-    S().CampoOrdinamentoAttivo = "amount";
-    S().OrdinamentoDiscendente = true;
+    S().sort.SetOrder("amount", true);
     control().setQueryString("SELECT id, name, amount FROM t");
     control().Carica(true);
     EXPECT_EQ(control().QueryEffettiva(), "SELECT id, name, amount FROM t ORDER BY amount DESC");
@@ -299,7 +299,7 @@ TEST_P(LoadOnBothEngines, NoDatabaseKeepsTheOldStoreAndStillCountsPointsAndRaise
     EXPECT_EQ(rig_.messages.shown[0].style, MsgBoxStyle::Critical);
     EXPECT_EQ(control().RighePiene(), 12);
     EXPECT_EQ(S().MatriceRighe.Cell(11, 1), "Name 12");
-    EXPECT_EQ(S().LabelCount->Caption(), "N: 12");
+    EXPECT_EQ(S().elements.LabelCount->Caption(), "N: 12");
     EXPECT_EQ(rig_.screen.history, (std::vector<int16_t>{11, 0}));
     EXPECT_EQ(rig_.events.Count("Caricato"), 2);
 }
@@ -438,8 +438,8 @@ std::map<std::string, std::string> LoadMixed(Backend backend, const SystemSettin
     for (size_t c = 0; c < s.TotaliColonna.size(); ++c) {
         seen["total " + std::to_string(c)] = std::to_string(s.TotaliColonna[c]);
     }
-    for (size_t c = 0; c < s.col.TipoCampoRilevato.size(); ++c) {
-        seen["type " + std::to_string(c)] = s.col.TipoCampoRilevato[c];
+    for (size_t c = 0; c < s.columns.TipoCampoRilevato.size(); ++c) {
+        seen["type " + std::to_string(c)] = s.columns.TipoCampoRilevato[c];
     }
     seen["messages"] = std::to_string(rig.messages.shown.size());
     return seen;

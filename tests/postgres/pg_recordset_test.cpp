@@ -1,6 +1,7 @@
 // Snapshot recordsets streamed from the server: counting, moving, EOF, fields by name and index,
 // batches, the snapshot, repairs after a failure, and the query text's one statement.
 #include "pg_fixture.h"
+#include "platform/db/sql_text.h"
 #include "platform/postgres/postgres_internal.h"
 
 namespace TabulonLib12::testing {
@@ -372,7 +373,7 @@ TEST_F(PgRecordsetTest, AnEmptyTextOrAStatementWithoutColumnsIsNoQuery) {
 }
 
 TEST(PgQueryText, TheFinalOrderByIsFoundByTheLexer) {
-    using pg::WithoutFinalOrderBy;
+    auto WithoutFinalOrderBy = [](std::string_view sql) { return TabulonLib12::WithoutFinalOrderBy(sql, SqlDialect::Postgres()); };
     EXPECT_EQ(WithoutFinalOrderBy("SELECT a FROM t ORDER BY a"), "SELECT a FROM t ");
     EXPECT_EQ(WithoutFinalOrderBy("SELECT a FROM t order  by a DESC, b"), "SELECT a FROM t ");
     EXPECT_EQ(WithoutFinalOrderBy("SELECT a FROM t ORDER /* c */ BY a"), "SELECT a FROM t ");

@@ -53,7 +53,7 @@ TEST_F(Construction, BarInsideAContainerPlacesItsBodyThere) {
     Frame& frame = surface.CreateFrame("Frame1");
     Scorrix inner(surface, &frame, "VS2");
     EXPECT_EQ(inner.Corpo().Container(), &frame);
-    EXPECT_EQ(inner.Interno().ImageUP->Container(), &inner.Corpo());
+    EXPECT_EQ(ScorrixProbe::Of(inner).ImageUP->Container(), &inner.Corpo());
 }
 
 TEST_F(Construction, DestroyingTheBarRemovesItsElementsAndStopsItsTimers) {
@@ -61,7 +61,7 @@ TEST_F(Construction, DestroyingTheBarRemovesItsElementsAndStopsItsTimers) {
     {
         Scorrix other(surface, nullptr, "VS2");
         other.Move(0, 0, 255, 2000);
-        other.Interno().TimerDWN->setEnabled(true);
+        ScorrixProbe::Of(other).TimerDWN->setEnabled(true);
         EXPECT_EQ(timers.ActiveCount(), 1);
         EXPECT_EQ(surface.Children().size(), before + 1);
     }
@@ -75,7 +75,7 @@ TEST_F(Construction, BarRemovesItsElementsAlsoWhenTheHostReplacedAHandler) {
     {
         Scorrix other(surface, nullptr, "VS2");
         other.Corpo().onMouseDown = nullptr;
-        other.Interno().ImageUP->onClick = [](Element&) {};
+        ScorrixProbe::Of(other).ImageUP->onClick = [](Element&) {};
     }
     EXPECT_EQ(surface.Children().size(), before);
 }
@@ -83,7 +83,7 @@ TEST_F(Construction, BarRemovesItsElementsAlsoWhenTheHostReplacedAHandler) {
 TEST_F(Construction, BarOutlivingItsRemovedContainerGoesQuietly) {
     Frame& frame = surface.CreateFrame("Frame1");
     auto inner = std::make_unique<Scorrix>(surface, &frame, "VS2");
-    inner->Interno().TimerUP->setEnabled(true);
+    ScorrixProbe::Of(*inner).TimerUP->setEnabled(true);
     surface.Destroy(frame);
     EXPECT_EQ(timers.ActiveCount(), 0);
     inner.reset();
@@ -132,8 +132,8 @@ TEST_F(Construction, ThumbIsLighterInTheMiddleThanAtTheSides) {
 
 TEST_F(Construction, EveryBarSharesTheSamePictures) {
     Scorrix other(surface, nullptr, "VS2");
-    EXPECT_EQ(other.Interno().ImageUP->GetPicture(), S().ImageUP->GetPicture());
-    EXPECT_EQ(other.Interno().ImageScr->GetPicture(), S().ImageScr->GetPicture());
+    EXPECT_EQ(ScorrixProbe::Of(other).ImageUP->GetPicture(), S().ImageUP->GetPicture());
+    EXPECT_EQ(ScorrixProbe::Of(other).ImageScr->GetPicture(), S().ImageScr->GetPicture());
 }
 
 }  // namespace

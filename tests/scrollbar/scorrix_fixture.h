@@ -10,7 +10,8 @@
 #include "platform/runtime/error.h"
 #include "platform/ui/surface.h"
 #include "scrollbar/scorrix.h"
-#include "scrollbar/scorrix_impl.h"
+#include "tests/support/probe.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonLib12::testing {
 
@@ -31,7 +32,7 @@ protected:
         bar.propertyChanged = [this](const std::string& name) { log.push_back("PropertyChanged " + name); };
     }
 
-    Scorrix::Impl& S() { return bar.Interno(); }
+    Scorrix::Impl& S() { return ScorrixProbe::Of(bar); }
     ImageElement& Thumb() { return *S().ImageScr; }
 
     // Writes Value through a variable, as the control does, and answers what it carried back.

@@ -5,6 +5,7 @@
 
 #include "platform/runtime/error.h"
 #include "platform/ui/timer_service.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonLib12 {
 namespace {

@@ -11,6 +11,7 @@
 #include "platform/ui/cell_grid.h"
 #include "platform/ui/control_array.h"
 #include "platform/ui/surface.h"
+#include "tests/support/test_doubles.h"
 
 namespace TabulonLib12::testing {
 

@@ -1,4 +1,4 @@
-#include "platform/ui/timer_service.h"
+#include "tests/support/test_doubles.h"
 
 #include <limits>
 #include <utility>
@@ -6,6 +6,16 @@
 #include "platform/runtime/error.h"
 
 namespace TabulonLib12 {
+
+int16_t RecordingMessageBox::MsgBox(const std::string& prompt, int16_t style, const std::string& title) {
+    shown.push_back({prompt, style, title});
+    return answer;
+}
+
+void RecordingScreenPointer::setMousePointer(int16_t pointer) {
+    pointer_ = pointer;
+    history.push_back(pointer);
+}
 
 int ManualTimerService::Start(int32_t intervalMs, std::function<void()> tick) {
     if (intervalMs < 1) throw Error::InvalidValue();

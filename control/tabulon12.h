@@ -245,12 +245,13 @@ public:
     // Sizes the cell surface from the column definitions and the control's size.
     void CaricaStruttura(bool SoloRefresh = false);
 
-    // The private state, for the control's own layers.
-    struct Impl;
-    Impl& Interno() { return *impl_; }
-    const Impl& Interno() const { return *impl_; }
+    // Scales the designed column widths to the control's present width and rebuilds the band.
+    void RidimensionaColonne();
+
+    struct Impl;  // the private state (control/tabulon12_impl.h)
 
 private:
+    friend struct Tabulon12Probe;  // the tests' window on the private state
     std::unique_ptr<Impl> impl_;
 };
 

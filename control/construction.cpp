@@ -1,0 +1,89 @@
+// The control object: its creation from the designed assembly, the new-instance state, the
+// notices to the host, and the components' neighbours.
+#include "control/tabulon12_impl.h"
+
+namespace TabulonLib12 {
+
+Tabulon12::Impl::Impl(const HostServices& host_, const TextMetrics& metrics, TimerService& timers)
+    : host(host_),
+      surface(metrics, timers),
+      elements(ComposeControl(surface)),
+      VS1(*elements.VS1),
+      FG1(*elements.FG1),
+      painter(FG1, VS1, columns, MatriceRighe, imageList),
+      selection(FG1, VS1, MatriceRighe, painter),
+      structure(surface, FG1, VS1, *elements.Shape1, columns, *this),
+      band(elements),
+      bands(elements),
+      totals(elements),
+      chooser(elements),
+      mouse(elements),
+      keys(elements),
+      pictures(elements) {
+    VS1.onChange = [this] { ReazioneCambioVS1(); };
+    VS1.onGoDown = [this] { events.Raise([](Tabulon12Events& e) { e.GoDown(); }); };
+    VS1.onGoUp = [this] { events.Raise([](Tabulon12Events& e) { e.GoUp(); }); };
+    // A resize from the host lays the control out again; a failure there reaches the host as an
+    // error box, since no caller of the control's own is waiting for it.
+    surface.onResize = [this](Surface&) {
+        try {
+            LayoutRidimensionamento();
+        } catch (const Error& e) {
+            MessageBox(e.description(), MsgBoxStyle::Critical);
+        }
+    };
+    columns.ResetToNewInstance();
+}
+
+Tabulon12::Impl::~Impl() {
+    // The scroll bar's events reach back into this object: none may run while it goes.
+    VS1.onChange = nullptr;
+    VS1.onGoDown = nullptr;
+    VS1.onGoUp = nullptr;
+    surface.onResize = nullptr;
+}
+
+Tabulon12::Tabulon12(const HostServices& host, const TextMetrics& metrics, TimerService& timers)
+    : impl_(std::make_unique<Impl>(host, metrics, timers)) {
+    InitProperties();
+}
+
+Tabulon12::~Tabulon12() = default;
+
+void Tabulon12::setEvents(Tabulon12Events* events) { impl_->events.setHandler(events); }
+Surface& Tabulon12::Superficie() { return impl_->surface; }
+
+// A new instance: one column with the new-instance values of the column table, the single-cell
+// store and the designed look; every other setting starts at its component's own default.
+void Tabulon12::InitProperties() {
+    auto& s = *impl_;
+    s.BackStyle = 0;
+    s.QueryCaricamento.clear();
+    s.DataBaseName.clear();
+    s.Cols = 1;
+    s.columns.ResetToNewInstance();
+    s.MatriceRighe = RowStore(0, 0);
+    s.LarghezzaColonnaDefault = 1000;
+    s.columns.ColsWidth[0] = static_cast<int16_t>(s.LarghezzaColonnaDefault);
+    s.band.setColorGridHead(s.band.ColorGridHead());
+    s.elements.Shape1->setBorderColor(0xCEAB8E);
+    s.band.setBackColorTopScheda(0xFFFFFF);
+    s.chooser.setConsentiSceltaColonne(s.chooser.ConsentiSceltaColonne());
+}
+
+void Tabulon12::Impl::PropertyChanged(const std::string& name) const {
+    if (host.propertyChanged) host.propertyChanged(name);
+}
+
+void Tabulon12::Impl::MessageBox(const std::string& text, int16_t style) const {
+    if (host.messages) host.messages->MsgBox(text, style, "");
+}
+
+// The screen's pointer is the host's where it offers one, otherwise the surface's realisation
+// sets it.
+void Tabulon12::Impl::SetScreenPointer(int16_t pointer) {
+    if (host.screen) host.screen->setMousePointer(pointer);
+    else surface.setScreenPointer(pointer);
+}
+
+}  // namespace TabulonLib12

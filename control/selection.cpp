@@ -1,0 +1,28 @@
+// The selection members: the single selection of a grid row and the picks of MultiSel, held by
+// the selection component.
+#include "control/tabulon12_impl.h"
+
+namespace TabulonLib12 {
+
+void Tabulon12::SelezionaRiga(int32_t IndiceRiga, bool /*DaScroll*/, bool /*NonDeselezionare*/) {
+    impl_->selection.SelezionaRiga(IndiceRiga);
+}
+
+void Tabulon12::SelezionaRigaMS(int32_t Riga, bool NonDeselezionare) {
+    impl_->selection.SelezionaRigaMS(Riga, NonDeselezionare);
+}
+
+void Tabulon12::SelezionaIndice(int32_t Index) { impl_->selection.SelezionaIndice(Index, impl_->Cols, impl_->LimiteRighe); }
+
+void Tabulon12::DeselezionaRiga(int32_t IndiceRiga) { impl_->selection.DeselezionaRiga(IndiceRiga, impl_->Cols); }
+
+void Tabulon12::ColoraRiga(int32_t Riga, bool Def, Colour Colore) { impl_->painter.ColoraRiga(Riga, Def, Colore); }
+
+std::string Tabulon12::ListaIndiciSel() const { return impl_->selection.ListaIndiciSel(impl_->Cols); }
+
+void Tabulon12::setSelRow(int16_t New_SelRow) {
+    if (New_SelRow == 0) return;
+    impl_->selection.SelezionaRiga(New_SelRow - 1);
+}
+
+}  // namespace TabulonLib12

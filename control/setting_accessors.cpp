@@ -1,0 +1,193 @@
+// The scalar settings, colours and font of the control, and the members of the current cell.
+// Each setting is held by the component it governs; a write stores it there, reaches what shows
+// it, and notifies the host.
+#include "control/tabulon12_impl.h"
+#include "platform/runtime/steps.h"
+
+namespace TabulonLib12 {
+
+// A setting that a component holds and nothing else shows: stored there and notified.
+#define TABULON_COMPONENT_SETTING(Name, Type, Owner)          \
+    Type Tabulon12::Name() const { return impl_->Owner.Name(); } \
+    void Tabulon12::set##Name(Type New_##Name) {              \
+        impl_->Owner.set##Name(New_##Name);                   \
+        impl_->PropertyChanged(#Name);                        \
+    }
+
+// A setting that only the host and the property store read.
+#define TABULON_HOST_SETTING(Name, Type)                      \
+    Type Tabulon12::Name() const { return impl_->Name; }      \
+    void Tabulon12::set##Name(Type New_##Name) {              \
+        impl_->Name = New_##Name;                             \
+        impl_->PropertyChanged(#Name);                        \
+    }
+
+TABULON_HOST_SETTING(ActiveCol, int16_t)
+TABULON_HOST_SETTING(IperTextEnabled, bool)
+TABULON_HOST_SETTING(BackColor2, Colour)
+TABULON_HOST_SETTING(BackColorSel, Colour)
+TABULON_HOST_SETTING(ForeColorSel, Colour)
+TABULON_COMPONENT_SETTING(ColonnaColore, int16_t, painter)
+TABULON_COMPONENT_SETTING(BackColorSelected, Colour, painter)
+TABULON_COMPONENT_SETTING(IperTextColor, Colour, painter)
+TABULON_COMPONENT_SETTING(SelezioneMultiplaImmediata, bool, selection)
+TABULON_COMPONENT_SETTING(VerticalGrid, bool, bands)
+TABULON_COMPONENT_SETTING(WheelStatus, bool, keys)
+TABULON_COMPONENT_SETTING(StileTesta, StileTestaType, band)
+TABULON_COMPONENT_SETTING(StileTestaOver, StileTestaType, band)
+TABULON_COMPONENT_SETTING(StileArrow, ColorArrowType, band)
+TABULON_COMPONENT_SETTING(ForeColorOrd, Colour, sort)
+#undef TABULON_COMPONENT_SETTING
+#undef TABULON_HOST_SETTING
+
+std::string Tabulon12::FileScelta() const { return impl_->chooser.FileScelta(); }
+void Tabulon12::setFileScelta(const std::string& New_FileScelta) {
+    impl_->chooser.setFileScelta(New_FileScelta);
+    impl_->PropertyChanged("FileScelta");
+}
+
+std::string Tabulon12::TestoCount() const { return impl_->totals.TestoCount(); }
+void Tabulon12::setTestoCount(const std::string& New_TestoCount) {
+    impl_->totals.setTestoCount(New_TestoCount);
+    impl_->PropertyChanged("TestoCount");
+}
+
+int16_t Tabulon12::MinRows() const { return impl_->structure.MinRows(); }
+void Tabulon12::setMinRows(int16_t) { impl_->PropertyChanged("MinRows"); }
+
+std::string Tabulon12::QueryString() const { return impl_->QueryString; }
+void Tabulon12::setQueryString(const std::string& New_QueryString) {
+    impl_->QueryCaricamento = New_QueryString;
+    impl_->QueryString = New_QueryString;
+    impl_->PropertyChanged("QueryString");
+}
+
+int32_t Tabulon12::BottomHeight() const { return impl_->structure.BottomHeight(); }
+void Tabulon12::setBottomHeight(int32_t New_BottomHeight) {
+    impl_->structure.setBottomHeight(New_BottomHeight);
+    impl_->LayoutRidimensionamento();
+    impl_->PropertyChanged("BottomHeight");
+}
+
+bool Tabulon12::MultiSel() const { return impl_->selection.MultiSel(); }
+void Tabulon12::setMultiSel(bool New_MultiSel) {
+    impl_->selection.setMultiSel(New_MultiSel, impl_->Cols);
+    impl_->PropertyChanged("MultiSel");
+}
+
+bool Tabulon12::ConsentiSceltaColonne() const { return impl_->chooser.ConsentiSceltaColonne(); }
+void Tabulon12::setConsentiSceltaColonne(bool New_ConsentiSceltaColonne) {
+    impl_->chooser.setConsentiSceltaColonne(New_ConsentiSceltaColonne);
+    impl_->PropertyChanged("ConsentiSceltaColonne");
+}
+
+bool Tabulon12::AdattamentoColonneDisattivato() const { return impl_->structure.AdattamentoColonneDisattivato(); }
+void Tabulon12::setAdattamentoColonneDisattivato(bool New_AdattamentoColonneDisattivato) {
+    // Rebuilds at once and, unlike the other settings, notifies nobody.
+    impl_->structure.setAdattamentoColonneDisattivato(New_AdattamentoColonneDisattivato);
+    impl_->CaricaStruttura();
+}
+
+Colour Tabulon12::BackColor() const { return impl_->surface.BackColor(); }
+void Tabulon12::setBackColor(Colour New_BackColor) {
+    impl_->surface.setBackColor(New_BackColor);
+    impl_->BackColor = New_BackColor;
+    impl_->ColoraSfondoRighe();
+    impl_->PropertyChanged("BackColor");
+}
+
+Colour Tabulon12::BackColorSfondo() const { return impl_->surface.BackColor(); }
+void Tabulon12::setBackColorSfondo(Colour New_BackColorSfondo) {
+    impl_->surface.setBackColor(New_BackColorSfondo);
+    impl_->FG1.setBackColorBkg(impl_->surface.BackColor());
+    impl_->PropertyChanged("BackColorSfondo");
+}
+
+Colour Tabulon12::BackColorTopScheda() const { return impl_->band.BackColorTopScheda(); }
+void Tabulon12::setBackColorTopScheda(Colour New_BackColorTopScheda) {
+    impl_->band.setBackColorTopScheda(New_BackColorTopScheda);
+    impl_->PropertyChanged("BackColorTopScheda");
+}
+
+Colour Tabulon12::BorderColor() const { return impl_->elements.Shape1->BorderColor(); }
+void Tabulon12::setBorderColor(Colour New_BorderColor) {
+    impl_->elements.Shape1->setBorderColor(New_BorderColor);
+    impl_->PropertyChanged("BorderColor");
+}
+
+Colour Tabulon12::ForeColor() const { return impl_->painter.ForeColor(); }
+void Tabulon12::setForeColor(Colour New_ForeColor) {
+    impl_->painter.setForeColor(New_ForeColor);
+    impl_->PropertyChanged("ForeColor");
+}
+
+Colour Tabulon12::ForeColorHead() const { return impl_->band.ForeColorHead(); }
+void Tabulon12::setForeColorHead(Colour New_ForeColorHead) {
+    impl_->band.setForeColorHead(New_ForeColorHead);
+    impl_->PropertyChanged("ForeColorHead");
+}
+
+Colour Tabulon12::ColorGridHead() const { return impl_->band.ColorGridHead(); }
+void Tabulon12::setColorGridHead(Colour New_ColorGridHead) {
+    impl_->band.setColorGridHead(New_ColorGridHead);
+    impl_->PropertyChanged("ColorGridHead");
+}
+
+Colour Tabulon12::GridColor() const { return impl_->FG1.GridColor(); }
+void Tabulon12::setGridColor(Colour New_GridColor) {
+    impl_->FG1.setGridColor(New_GridColor);
+    impl_->PropertyChanged("GridColor");
+}
+
+Colour Tabulon12::VerticalGridColor() const {
+    Colour c = 0;
+    Steps steps;
+    steps([&] { c = impl_->bands.VerticalGridColor(); });
+    return c;
+}
+void Tabulon12::setVerticalGridColor(Colour New_VerticalGridColor) {
+    Steps steps;
+    steps([&] { impl_->bands.setVerticalGridColor(New_VerticalGridColor, impl_->Cols); });
+    impl_->PropertyChanged("VerticalGridColor");
+}
+
+Font Tabulon12::GetFont() const { return impl_->FG1.GetFont(); }
+void Tabulon12::setFont(const Font& New_Font) {
+    impl_->FG1.setFont(New_Font);
+    impl_->PropertyChanged("Font");
+}
+
+int32_t Tabulon12::CellTop() const { return impl_->FG1.CellTop(); }
+int32_t Tabulon12::CellLeft() const { return impl_->FG1.CellLeft(); }
+bool Tabulon12::CellFontUnderline() const { return impl_->FG1.CellFontUnderline(); }
+void Tabulon12::setCellFontUnderline(bool New_CellFontUnderline) {
+    impl_->FG1.setCellFontUnderline(New_CellFontUnderline);
+    impl_->PropertyChanged("CellFontUnderline");
+}
+Colour Tabulon12::CellBackColor() const { return impl_->FG1.CellBackColor(); }
+void Tabulon12::setCellBackColor(Colour New_CellBackColor) {
+    impl_->FG1.setCellBackColor(New_CellBackColor);
+    impl_->PropertyChanged("CellBackColor");
+}
+Colour Tabulon12::CellForeColor() const { return impl_->FG1.CellForeColor(); }
+void Tabulon12::setCellForeColor(Colour New_CellForeColor) {
+    impl_->FG1.setCellForeColor(New_CellForeColor);
+    impl_->PropertyChanged("CellForeColor");
+}
+Picture Tabulon12::CellPicture() const { return impl_->FG1.CellPicture(); }
+void Tabulon12::setCellPicture(Picture New_CellPicture) { impl_->FG1.setCellPicture(std::move(New_CellPicture)); }
+
+std::shared_ptr<HostForm> Tabulon12::ParentForm() const { return impl_->ParentForm; }
+void Tabulon12::setFormContenitore(std::shared_ptr<HostForm> New_FormContenitore) {
+    impl_->ParentForm = std::move(New_FormContenitore);
+}
+void Tabulon12::setBaseDati(std::shared_ptr<Database> vTabDB) { impl_->BaseDati = std::move(vTabDB); }
+
+std::string Tabulon12::QueryEffettiva() const { return impl_->QueryEffettiva; }
+int32_t Tabulon12::RighePiene() const { return impl_->RighePiene; }
+int32_t Tabulon12::Rows() const { return impl_->MatriceRighe.RowBound(); }
+int16_t Tabulon12::IndiceordinamentoAttivo() const { return impl_->sort.IndiceordinamentoAttivo(); }
+int32_t Tabulon12::IndiceSelezionato() const { return impl_->selection.IndiceSelezionato(); }
+int32_t Tabulon12::DeltaWidth() const { return impl_->structure.DeltaWidth(); }
+
+}  // namespace TabulonLib12

@@ -1,0 +1,18 @@
+#include "presentation/totals_count.h"
+
+#include "grid/values.h"
+
+namespace TabulonLib12 {
+
+TotalsAndCount::TotalsAndCount(const ControlElements& e) : labelTot_(*e.LabelTOT), labelCount_(*e.LabelCount) {}
+
+void TotalsAndCount::ShowCount(int32_t records) {
+    labelCount_.setCaption(testoCount_ + " " + DecimalText(records));
+    labelCount_.setVisible(!testoCount_.empty());
+}
+
+void TotalsAndCount::PlaceCount(float top) { labelCount_.setTop(top); }
+
+void TotalsAndCount::RidisegnaTotali() {}
+
+}  // namespace TabulonLib12
