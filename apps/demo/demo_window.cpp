@@ -54,7 +54,7 @@ DemoWindow::DemoWindow(DatabaseEngine& engine, const std::string& databasePath) 
     form_->Add(std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()}));
     control_->setFormContenitore(form_);
 
-    list_ = new TabulonWidget(control_->Superficie(), central);
+    list_ = new SurfaceWidget(control_->Superficie(), central);
     list_->setMinimumSize(400, 300);
     layout->addWidget(list_, 1);
     layout->addWidget(new QLabel(QStringLiteral("Eventi del controllo"), central));

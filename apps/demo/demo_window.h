@@ -11,7 +11,7 @@
 #include "platform/qt/qt_pointer.h"
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/qt/qt_timer_service.h"
-#include "platform/qt/tabulon_widget.h"
+#include "platform/qt/surface_widget.h"
 
 namespace TabulonLib12::Demo {
 
@@ -55,7 +55,7 @@ private:
     SteadyClock clock_;
     std::shared_ptr<HostForm> form_;
     std::unique_ptr<Tabulon12> control_;
-    TabulonWidget* list_ = nullptr;  // owned by the window
+    SurfaceWidget* list_ = nullptr;  // owned by the window
     QPlainTextEdit* log_ = nullptr;
 };
 

@@ -296,7 +296,7 @@ TEST(QtMessageBox, YesNoBoxAnswersTheButtonPressed) {
 }
 
 TEST(Screenshot, WritesTheWidgetAsAPngFile) {
-    TabulonWidget widget;
+    SurfaceWidget widget;
     widget.resize(120, 80);
     widget.GetSurface().setBackColor(Rgb(10, 20, 30));
     const std::string path =
@@ -310,7 +310,7 @@ TEST(Screenshot, WritesTheWidgetAsAPngFile) {
 }
 
 TEST(Screenshot, UnwritablePathFailsWithAccessError) {
-    TabulonWidget widget;
+    SurfaceWidget widget;
     widget.resize(10, 10);
     try {
         SaveWidgetPng(widget, "/nonexistent-folder/x/shot.png");
