@@ -74,7 +74,9 @@ Tabulon12Widget::~Tabulon12Widget() {
     control_.reset();
 }
 
-QSize Tabulon12Widget::sizeHint() const { return painter_->sizeHint(); }
+QSize Tabulon12Widget::sizeHint() const {
+    return painter_ ? painter_->sizeHint() : QWidget::sizeHint();  // no painter only while going
+}
 
 void Tabulon12Widget::moveEvent(QMoveEvent* e) {
     QWidget::moveEvent(e);
