@@ -13,7 +13,7 @@
 #include "control_rig.h"
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/qt/qt_timer_service.h"
-#include "platform/qt/tabulon_widget.h"
+#include "platform/qt/surface_widget.h"
 
 using namespace TabulonLib12;
 using namespace TabulonBench;
@@ -27,7 +27,7 @@ void ControlScrollPaint(benchmark::State& state) {
     QtTextMetrics metrics;
     QtTimerService timers;
     ControlRig rig(kRecords, kRows, &metrics, &timers);
-    TabulonWidget widget(rig.control->Superficie());
+    SurfaceWidget widget(rig.control->Superficie());
     const int rowPx = Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel;
     widget.resize(1040, 23 + (kRows + 2) * rowPx + 4);
     widget.show();

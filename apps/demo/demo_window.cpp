@@ -2,7 +2,9 @@
 
 #include <QLabel>
 #include <QVBoxLayout>
+#include <exception>
 
+#include "platform/runtime/error.h"
 #include "status_pictures.h"
 
 namespace TabulonLib12::Demo {
@@ -30,32 +32,26 @@ constexpr ColumnDesign kColumns[] = {
 };
 constexpr int16_t kPaidColumn = 5;
 constexpr int16_t kColourColumn = 6;
+constexpr const char* kQuery = "SELECT id, customer, city, order_date, amount, paid, colour FROM v_orders ORDER BY id";
 
 }  // namespace
 
-DemoWindow::DemoWindow(DatabaseEngine& engine, const std::string& databasePath) : databasePath_(databasePath) {
+DemoWindow::DemoWindow(const std::string& databasePath) : databasePath_(databasePath) {
     setWindowTitle(QStringLiteral("Tabulon12 demo"));
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->setSpacing(6);
 
-    messages_ = std::make_unique<QtMessageBox>(this);
-    HostServices host;
-    host.messages = messages_.get();
-    host.screen = &screen_;
-    host.clock = &clock_;
-    host.engine = &engine;
-    host.propertyChanged = [](const std::string&) {};
-    control_ = std::make_unique<Tabulon12>(host, metrics_, timers_);
-    control_->setEvents(this);
+    // The control with Qt's services, the engine for files and servers included.
+    list_ = new Tabulon12Widget(central);
+    list_->setMinimumSize(400, 300);
+    Control().setEvents(this);
     // The host form holds the image list that the control finds by name.
     form_ = std::make_shared<HostForm>("FormDemo");
     form_->Add(std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()}));
-    control_->setFormContenitore(form_);
+    Control().setFormContenitore(form_);
 
-    list_ = new TabulonWidget(control_->Superficie(), central);
-    list_->setMinimumSize(400, 300);
     layout->addWidget(list_, 1);
     layout->addWidget(new QLabel(QStringLiteral("Eventi del controllo"), central));
     log_ = new QPlainTextEdit(central);
@@ -67,15 +63,29 @@ DemoWindow::DemoWindow(DatabaseEngine& engine, const std::string& databasePath) 
 }
 
 DemoWindow::~DemoWindow() {
-    // The widget shows the control's surface: it goes first, while the control still exists.
-    control_->setEvents(nullptr);
+    // The control raises no more events into this window; then the widget goes with the control
+    // and its services, before the window's own members.
+    Control().setEvents(nullptr);
     delete takeCentralWidget();
     list_ = nullptr;
     log_ = nullptr;
 }
 
+std::optional<std::string> DemoWindow::ReadProblem() {
+    try {
+        std::shared_ptr<Database> db = list_->Engine().OpenDatabase(databasePath_, OpenOptions{});
+        db->OpenRecordset(kQuery)->Close();
+        db->Close();
+        return std::nullopt;
+    } catch (const Error& e) {
+        return e.description();
+    } catch (const std::exception& e) {
+        return std::string(e.what());
+    }
+}
+
 void DemoWindow::Load() {
-    Tabulon12& c = *control_;
+    Tabulon12& c = Control();
     const int16_t count = static_cast<int16_t>(std::size(kColumns));
     c.setCols(count);
     for (int16_t i = 0; i < count; ++i) {
@@ -94,7 +104,7 @@ void DemoWindow::Load() {
     c.setColonnaColore(kColourColumn);
     c.setTestoCount("Righe visualizzate:");
     c.setDataBaseName(databasePath_);
-    c.setQueryString("SELECT id, customer, city, order_date, amount, paid, colour FROM v_orders ORDER BY id");
+    c.setQueryString(kQuery);
     c.Carica();
 }
 
@@ -109,7 +119,7 @@ void DemoWindow::MouseMove(int16_t&, int16_t&, float&, float&) {}  // too many t
 void DemoWindow::GoDown() { Log(QStringLiteral("GoDown")); }
 void DemoWindow::GoUp() { Log(QStringLiteral("GoUp")); }
 void DemoWindow::Caricato() {
-    Log(QStringLiteral("Caricato: %1 righe").arg(control_->RighePiene()));
+    Log(QStringLiteral("Caricato: %1 righe").arg(Control().RighePiene()));
 }
 void DemoWindow::Click() { Log(QStringLiteral("Click")); }
 void DemoWindow::DblClick() { Log(QStringLiteral("DblClick")); }

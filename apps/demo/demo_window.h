@@ -4,25 +4,26 @@
 #include <QMainWindow>
 #include <QPlainTextEdit>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "control/tabulon12.h"
-#include "platform/qt/qt_message_box.h"
-#include "platform/qt/qt_pointer.h"
-#include "platform/qt/qt_text_metrics.h"
-#include "platform/qt/qt_timer_service.h"
-#include "platform/qt/tabulon_widget.h"
+#include "widgets/tabulon12_widget.h"
 
 namespace TabulonLib12::Demo {
 
 class DemoWindow final : public QMainWindow, private Tabulon12Events {
 public:
-    DemoWindow(DatabaseEngine& engine, const std::string& databasePath);
+    explicit DemoWindow(const std::string& databasePath);
     ~DemoWindow() override;
+    // Why the orders cannot be read, in the engine's own words, or nothing when they can: opens
+    // the database through the control's engine and a recordset on the list's query, then closes
+    // both.
+    std::optional<std::string> ReadProblem();
     // Defines the columns and loads the orders.
     void Load();
     void Log(const QString& line);
-    Tabulon12& Control() { return *control_; }
+    Tabulon12& Control() { return list_->Control(); }
 
 private:
     // The control's events, written to the log.
@@ -48,14 +49,8 @@ private:
     void Resize() override;
 
     std::string databasePath_;
-    QtTextMetrics metrics_;
-    QtTimerService timers_;
-    std::unique_ptr<QtMessageBox> messages_;
-    QtScreenPointer screen_;
-    SteadyClock clock_;
     std::shared_ptr<HostForm> form_;
-    std::unique_ptr<Tabulon12> control_;
-    TabulonWidget* list_ = nullptr;  // owned by the window
+    Tabulon12Widget* list_ = nullptr;  // owned by the window, with its control and services
     QPlainTextEdit* log_ = nullptr;
 };
 

@@ -3,6 +3,8 @@
 //   tabulon_demo --screenshot FILE   writes the window as a PNG file and exits
 //   tabulon_demo --database NAME     reads the orders from another database with the sample's
 //                                    schema: a SQLite file or a postgresql:// URI
+// A database whose orders cannot be read ends the program with a message on standard error
+// (in a window, after a message box) and exit code 1; a bad argument ends it with code 2.
 #include <QApplication>
 #include <QFileInfo>
 #include <clocale>
@@ -15,9 +17,6 @@
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/screenshot.h"
 #include "platform/runtime/error.h"
-#include "platform/db/composite_engine.h"
-#include "platform/postgres/postgres_engine.h"
-#include "platform/sqlite/sqlite_engine.h"
 
 namespace {
 
@@ -39,6 +38,15 @@ int Usage() {
     return 2;
 }
 
+// The orders cannot be read: a box says so first when the demo runs in a window; standard error
+// always does. Answers the exit code.
+int CannotRead(QWidget& window, bool windowed, const std::string& database, const std::string& problem) {
+    const std::string message = "the list cannot be read from " + database + ": " + problem;
+    if (windowed) TabulonLib12::QtMessageBox(&window).MsgBox(message, TabulonLib12::MsgBoxStyle::Critical, "");
+    std::fprintf(stderr, "tabulon_demo: %s\n", message.c_str());
+    return 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -57,12 +65,13 @@ int main(int argc, char** argv) {
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tabulon12 demo"));
-    // One engine for every name: server URIs go to PostgreSQL, file paths to SQLite.
-    TabulonLib12::SqliteEngine files;
-    TabulonLib12::PostgresEngine servers;
-    TabulonLib12::CompositeEngine engine(servers, files);
-    TabulonLib12::Demo::DemoWindow window(engine, database);
-    if (!screenshot.empty()) {
+    // A platform chosen by the caller may have no display either: nobody could close the window.
+    if (TabulonLib12::QtMessageBox::Headless() && screenshot.empty()) screenshot = kDefaultScreenshot;
+
+    TabulonLib12::Demo::DemoWindow window(database);
+    const bool windowed = screenshot.empty();
+    if (const auto problem = window.ReadProblem()) return CannotRead(window, windowed, database, *problem);
+    if (!windowed) {
         window.resize(1000, 700);
         window.show();
         QApplication::processEvents();
@@ -70,13 +79,7 @@ int main(int argc, char** argv) {
     try {
         window.Load();
     } catch (const TabulonLib12::Error& e) {
-        const std::string message = "The sample database could not be read: " + e.description();
-        if (!screenshot.empty()) {
-            std::fprintf(stderr, "%s\n", message.c_str());
-            return 1;
-        }
-        TabulonLib12::QtMessageBox(&window).MsgBox(message, TabulonLib12::MsgBoxStyle::Critical, "");
-        return 1;
+        return CannotRead(window, windowed, database, e.description());
     }
 
     if (!screenshot.empty()) {

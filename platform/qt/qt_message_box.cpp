@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <cstdio>
 #include <vector>
 
 #include "platform/qt/qt_graphics.h"
@@ -45,11 +46,28 @@ int16_t AnswerOf(QMessageBox::StandardButton button) {
     }
 }
 
+QString TitleOf(const std::string& title) {
+    return title.empty() ? QApplication::applicationName() : ToQString(title);
+}
+
 }  // namespace
 
+bool QtMessageBox::Headless() {
+    const QString platform = QGuiApplication::platformName();
+    return platform == QLatin1String("offscreen") || platform == QLatin1String("minimal");
+}
+
 int16_t QtMessageBox::MsgBox(const std::string& prompt, int16_t style, const std::string& title) {
+    if (presentation_ == Presentation::Automatic && Headless()) {
+        // One write, flushed at once: the line is whole even when the program ends right after.
+        const std::string line = TitleOf(title).toStdString() + ": " + prompt + "\n";
+        std::fwrite(line.data(), 1, line.size(), stderr);
+        std::fflush(stderr);
+        return MsgBoxOk;
+    }
+
     QMessageBox box(parent_.data());
-    box.setWindowTitle(title.empty() ? QApplication::applicationName() : ToQString(title));
+    box.setWindowTitle(TitleOf(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQString(prompt));
     box.setIcon(IconOf(style));

@@ -23,7 +23,7 @@ protected:
         host.messages = &messages;
         host.engine = &engine;
         control = std::make_unique<Tabulon12>(host, metrics, timers);
-        widget = std::make_unique<TabulonWidget>(control->Superficie());
+        widget = std::make_unique<SurfaceWidget>(control->Superficie());
         widget->resize(500, 400);
         control->setCols(2);
         control->setCampoQuery(0, "id");
@@ -62,7 +62,7 @@ protected:
     SqliteEngine engine;
     HostServices host;
     std::unique_ptr<Tabulon12> control;
-    std::unique_ptr<TabulonWidget> widget;
+    std::unique_ptr<SurfaceWidget> widget;
 };
 
 TEST_F(ControlGuiTest, ALoadPaintsTheFirstRecordsOnTheSurface) {

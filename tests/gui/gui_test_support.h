@@ -11,7 +11,7 @@
 
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/qt/qt_timer_service.h"
-#include "platform/qt/tabulon_widget.h"
+#include "platform/qt/surface_widget.h"
 #include "platform/ui/cell_grid.h"
 
 namespace TabulonLib12::GuiTest {
@@ -65,7 +65,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
     }
 
-    TabulonWidget widget;
+    SurfaceWidget widget;
 };
 
 }  // namespace TabulonLib12::GuiTest

@@ -37,14 +37,14 @@ TEST_F(Repaint, AChangeAfterAPaintPaintsAgain) {
 }
 
 TEST(RepaintLifetime, ASurfaceOutlivingItsWidgetNoLongerCallsIt) {
-    auto widget = std::make_unique<TabulonWidget>();
+    auto widget = std::make_unique<SurfaceWidget>();
     Surface& surface = widget->GetSurface();
     EXPECT_TRUE(static_cast<bool>(surface.onInvalidate));
     QtTextMetrics metrics;
     QtTimerService timers;
     Surface own(metrics, timers);
     {
-        TabulonWidget view(own);
+        SurfaceWidget view(own);
         EXPECT_TRUE(static_cast<bool>(own.onInvalidate));
     }
     EXPECT_FALSE(static_cast<bool>(own.onInvalidate));
@@ -57,7 +57,7 @@ TEST(RepaintLifetime, WidgetOnAGivenSurfaceTakesTheSurfacesSize) {
     QtTimerService timers;
     Surface surface(metrics, timers);
     surface.Resize(Px(320), Px(240));
-    TabulonWidget view(surface);
+    SurfaceWidget view(surface);
     EXPECT_EQ(view.size(), QSize(320, 240));
     EXPECT_EQ(view.sizeHint(), QSize(320, 240));
 }

@@ -252,7 +252,7 @@ void CloseBoxWhenShown(SeenBox& seen, QMessageBox::StandardButton press) {
 }
 
 TEST(QtMessageBox, ShowsAModalBoxWithTextTitleAndIconAndAnswersOk) {
-    QtMessageBox messages;
+    QtMessageBox messages(nullptr, QtMessageBox::Presentation::Modal);
     SeenBox seen;
     CloseBoxWhenShown(seen, QMessageBox::Ok);
     const int16_t answer = messages.MsgBox("Errore nel caricamento", MsgBoxStyle::Critical, "Tabulon12");
@@ -266,7 +266,7 @@ TEST(QtMessageBox, ShowsAModalBoxWithTextTitleAndIconAndAnswersOk) {
 }
 
 TEST(QtMessageBox, EmptyTitleShowsTheApplicationNameAndStylesChooseTheIcon) {
-    QtMessageBox messages;
+    QtMessageBox messages(nullptr, QtMessageBox::Presentation::Modal);
     const std::pair<int16_t, QMessageBox::Icon> styles[] = {{MsgBoxStyle::Plain, QMessageBox::NoIcon},
                                                             {MsgBoxStyle::Exclamation, QMessageBox::Warning},
                                                             {MsgBoxStyle::Information, QMessageBox::Information},
@@ -284,7 +284,7 @@ TEST(QtMessageBox, EmptyTitleShowsTheApplicationNameAndStylesChooseTheIcon) {
 }
 
 TEST(QtMessageBox, YesNoBoxAnswersTheButtonPressed) {
-    QtMessageBox messages;
+    QtMessageBox messages(nullptr, QtMessageBox::Presentation::Modal);
     SeenBox seen;
     CloseBoxWhenShown(seen, QMessageBox::No);
     EXPECT_EQ(messages.MsgBox("Continuare?", static_cast<int16_t>(4 + MsgBoxStyle::Question), "Domanda"), 7);
@@ -295,8 +295,30 @@ TEST(QtMessageBox, YesNoBoxAnswersTheButtonPressed) {
     QTest::qWait(20);
 }
 
+// The GUI tests run on the offscreen plugin: no box could be pressed there.
+TEST(QtMessageBox, WithoutADisplayWritesOneLineToStandardErrorAndAnswersOk) {
+    if (!QtMessageBox::Headless()) GTEST_SKIP() << "a display: the box is shown";
+    QtMessageBox messages;
+    testing::internal::CaptureStderr();
+    const int16_t answer = messages.MsgBox("Nessun DB disponibile", MsgBoxStyle::Critical, "Tabulon12");
+    const std::string written = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(answer, MsgBoxOk);
+    EXPECT_EQ(written, "Tabulon12: Nessun DB disponibile\n");
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST(QtMessageBox, WithoutADisplayAnEmptyTitleWritesTheApplicationNameAndLinesAreKept) {
+    if (!QtMessageBox::Headless()) GTEST_SKIP() << "a display: the box is shown";
+    QtMessageBox messages;
+    testing::internal::CaptureStderr();
+    const int16_t answer = messages.MsgBox("Prima riga\nseconda riga: è così", static_cast<int16_t>(4 + MsgBoxStyle::Question), "");
+    const std::string written = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(answer, MsgBoxOk);
+    EXPECT_EQ(written, QCoreApplication::applicationName().toStdString() + ": Prima riga\nseconda riga: è così\n");
+}
+
 TEST(Screenshot, WritesTheWidgetAsAPngFile) {
-    TabulonWidget widget;
+    SurfaceWidget widget;
     widget.resize(120, 80);
     widget.GetSurface().setBackColor(Rgb(10, 20, 30));
     const std::string path =
@@ -310,7 +332,7 @@ TEST(Screenshot, WritesTheWidgetAsAPngFile) {
 }
 
 TEST(Screenshot, UnwritablePathFailsWithAccessError) {
-    TabulonWidget widget;
+    SurfaceWidget widget;
     widget.resize(10, 10);
     try {
         SaveWidgetPng(widget, "/nonexistent-folder/x/shot.png");

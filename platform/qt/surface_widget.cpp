@@ -1,4 +1,4 @@
-#include "platform/qt/tabulon_widget.h"
+#include "platform/qt/surface_widget.h"
 
 #include <cmath>
 
@@ -25,7 +25,7 @@ float ToTwips(qreal pixels) { return static_cast<float>(pixels * TwipsPerPixel);
 
 }  // namespace
 
-TabulonWidget::TabulonWidget(QWidget* parent)
+SurfaceWidget::SurfaceWidget(QWidget* parent)
     : QWidget(parent),
       ownMetrics_(std::make_unique<QtTextMetrics>()),
       ownTimers_(std::make_unique<QtTimerService>()),
@@ -34,19 +34,19 @@ TabulonWidget::TabulonWidget(QWidget* parent)
     Attach();
 }
 
-TabulonWidget::TabulonWidget(Surface& surface, QWidget* parent) : QWidget(parent), surface_(&surface) {
+SurfaceWidget::SurfaceWidget(Surface& surface, QWidget* parent) : QWidget(parent), surface_(&surface) {
     Attach();
     const int w = TwipsToPixels(surface.Width()), h = TwipsToPixels(surface.Height());
     if (w > 0 && h > 0) resize(w, h);
 }
 
-TabulonWidget::~TabulonWidget() {
+SurfaceWidget::~SurfaceWidget() {
     // The surface may outlive the widget: it must not call back into it.
     surface_->onInvalidate = nullptr;
     surface_->onScreenPointer = nullptr;
 }
 
-void TabulonWidget::Attach() {
+void SurfaceWidget::Attach() {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);  // every pixel is painted by the surface
@@ -54,41 +54,41 @@ void TabulonWidget::Attach() {
     surface_->onScreenPointer = [this](int16_t pointer) { screenCursor_.Set(pointer); };
 }
 
-QSize TabulonWidget::sizeHint() const {
+QSize SurfaceWidget::sizeHint() const {
     const int w = TwipsToPixels(surface_->Width()), h = TwipsToPixels(surface_->Height());
     return (w > 0 && h > 0) ? QSize(w, h) : QSize(400, 300);
 }
 
-void TabulonWidget::RequestUpdate() {
+void SurfaceWidget::RequestUpdate() {
     // Qt merges updates too, but a list scroll writes hundreds of cells: one request per turn.
     if (updatePending_) return;
     updatePending_ = true;
     update();
 }
 
-void TabulonWidget::paintEvent(QPaintEvent*) {
+void SurfaceWidget::paintEvent(QPaintEvent*) {
     updatePending_ = false;
     ++paintCount_;
     QPainter p(this);
     painter_.PaintSurface(p, *surface_, rect());
 }
 
-void TabulonWidget::showEvent(QShowEvent* e) {
+void SurfaceWidget::showEvent(QShowEvent* e) {
     updatePending_ = false;  // an update asked for while hidden was dropped; showing paints all
     QWidget::showEvent(e);
 }
 
-void TabulonWidget::resizeEvent(QResizeEvent* e) {
+void SurfaceWidget::resizeEvent(QResizeEvent* e) {
     QWidget::resizeEvent(e);
     Guarded([&] { surface_->Resize(static_cast<float>(width() * TwipsPerPixel), static_cast<float>(height() * TwipsPerPixel)); });
 }
 
-void TabulonWidget::moveEvent(QMoveEvent* e) {
+void SurfaceWidget::moveEvent(QMoveEvent* e) {
     QWidget::moveEvent(e);
     surface_->setExtenderPosition(static_cast<float>(x() * TwipsPerPixel), static_cast<float>(y() * TwipsPerPixel));
 }
 
-bool TabulonWidget::IsSecondPressOfDoubleClick(const QMouseEvent& e) const {
+bool SurfaceWidget::IsSecondPressOfDoubleClick(const QMouseEvent& e) const {
     // Qt reports a double click after the second press has been delivered, while the surface
     // takes that press itself as the double click: the press is recognised here by Qt's own rule.
     if (lastPressWasDouble_ || e.button() != lastPressButton_) return false;
@@ -100,7 +100,7 @@ bool TabulonWidget::IsSecondPressOfDoubleClick(const QMouseEvent& e) const {
            std::abs(moved.y()) <= hints->mouseDoubleClickDistance();
 }
 
-void TabulonWidget::mousePressEvent(QMouseEvent* e) {
+void SurfaceWidget::mousePressEvent(QMouseEvent* e) {
     const QPointF pos = e->position();
     const bool second = IsSecondPressOfDoubleClick(*e);
     lastPressTime_ = e->timestamp();
@@ -117,21 +117,21 @@ void TabulonWidget::mousePressEvent(QMouseEvent* e) {
     e->accept();
 }
 
-void TabulonWidget::mouseMoveEvent(QMouseEvent* e) {
+void SurfaceWidget::mouseMoveEvent(QMouseEvent* e) {
     const QPointF pos = e->position();
     Guarded([&] { surface_->MouseMove(ButtonsCode(e->buttons()), ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y())); });
     UpdatePointer(pos);
     e->accept();
 }
 
-void TabulonWidget::mouseReleaseEvent(QMouseEvent* e) {
+void SurfaceWidget::mouseReleaseEvent(QMouseEvent* e) {
     const QPointF pos = e->position();
     Guarded([&] { surface_->MouseUp(ButtonCode(e->button()), ShiftCode(e->modifiers()), ToTwips(pos.x()), ToTwips(pos.y())); });
     UpdatePointer(pos);
     e->accept();
 }
 
-void TabulonWidget::mouseDoubleClickEvent(QMouseEvent* e) {
+void SurfaceWidget::mouseDoubleClickEvent(QMouseEvent* e) {
     const QPointF pos = e->position();
     if (swallowDoubleClick_) {  // its press was delivered as the double click already
         swallowDoubleClick_ = false;
@@ -144,7 +144,7 @@ void TabulonWidget::mouseDoubleClickEvent(QMouseEvent* e) {
     e->accept();
 }
 
-void TabulonWidget::wheelEvent(QWheelEvent* e) {
+void SurfaceWidget::wheelEvent(QWheelEvent* e) {
     const int delta = e->angleDelta().y();
     if (delta == 0) {
         e->ignore();
@@ -155,7 +155,7 @@ void TabulonWidget::wheelEvent(QWheelEvent* e) {
     e->accept();
 }
 
-void TabulonWidget::keyPressEvent(QKeyEvent* e) {
+void SurfaceWidget::keyPressEvent(QKeyEvent* e) {
     const int16_t shift = ShiftCode(e->modifiers());
     const int16_t code = VirtualKeyCode(e->key(), e->modifiers());
     if (code != 0) Guarded([&] { surface_->KeyDown(code, shift); });
@@ -168,7 +168,7 @@ void TabulonWidget::keyPressEvent(QKeyEvent* e) {
     e->accept();
 }
 
-void TabulonWidget::keyReleaseEvent(QKeyEvent* e) {
+void SurfaceWidget::keyReleaseEvent(QKeyEvent* e) {
     const int16_t code = VirtualKeyCode(e->key(), e->modifiers());
     if (e->isAutoRepeat() || code == 0) {
         e->ignore();
@@ -178,7 +178,7 @@ void TabulonWidget::keyReleaseEvent(QKeyEvent* e) {
     e->accept();
 }
 
-bool TabulonWidget::event(QEvent* e) {
+bool SurfaceWidget::event(QEvent* e) {
     switch (e->type()) {
         case QEvent::ToolTip: {
             auto* help = static_cast<QHelpEvent*>(e);
@@ -201,7 +201,7 @@ bool TabulonWidget::event(QEvent* e) {
     return QWidget::event(e);
 }
 
-bool TabulonWidget::ShowToolTip(const QPoint& pos, const QPoint& globalPos) {
+bool SurfaceWidget::ShowToolTip(const QPoint& pos, const QPoint& globalPos) {
     Element* element = surface_->ElementAt(ToTwips(pos.x()), ToTwips(pos.y()));
     if (!element || element->ToolTipText().empty()) {
         QToolTip::hideText();
@@ -211,7 +211,7 @@ bool TabulonWidget::ShowToolTip(const QPoint& pos, const QPoint& globalPos) {
     return true;
 }
 
-void TabulonWidget::UpdatePointer(const QPointF& pos) {
+void SurfaceWidget::UpdatePointer(const QPointF& pos) {
     lastPointer_ = pos;
     // While the mouse is captured the pressed element keeps the pointer, as the moves go to it.
     Element* element = surface_->Captured();

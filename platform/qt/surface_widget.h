@@ -1,7 +1,11 @@
 #pragma once
-// The control on screen: one QWidget per control instance. It paints the element tree of its
-// surface, feeds the surface the mouse, wheel and keys in twips and classic codes, shows the
+// The surface painter: a QWidget that shows one element tree (a Surface). It paints the elements
+// in z-order, feeds the surface the mouse, wheel and keys in twips and classic codes, shows the
 // elements' tooltips and pointers, and keeps the surface's size equal to its own.
+//
+// It knows surfaces only, never a control: a host that wants the control on a form uses
+// Tabulon12Widget (widgets/), which owns a control with its Qt services and shows the control's
+// surface through one of these.
 #include <QWidget>
 #include <memory>
 
@@ -14,15 +18,15 @@ namespace TabulonLib12 {
 class QtTextMetrics;
 class QtTimerService;
 
-class TabulonWidget : public QWidget {
+class SurfaceWidget : public QWidget {
     Q_OBJECT
 
 public:
     // A widget with a surface of its own, measured with real fonts and timed by Qt.
-    explicit TabulonWidget(QWidget* parent = nullptr);
+    explicit SurfaceWidget(QWidget* parent = nullptr);
     // A widget showing a surface that somebody else owns; the surface must outlive the widget.
-    explicit TabulonWidget(Surface& surface, QWidget* parent = nullptr);
-    ~TabulonWidget() override;
+    explicit SurfaceWidget(Surface& surface, QWidget* parent = nullptr);
+    ~SurfaceWidget() override;
 
     Surface& GetSurface() const { return *surface_; }
     // Paint events handled so far: changes made within one turn of the event loop paint once.

@@ -1,0 +1,92 @@
+#include "widgets/tabulon12_widget.h"
+
+#include <QEvent>
+#include <QMoveEvent>
+#include <QVBoxLayout>
+
+#include "platform/db/composite_engine.h"
+#include "platform/postgres/postgres_engine.h"
+#include "platform/qt/qt_message_box.h"
+#include "platform/qt/qt_pointer.h"
+#include "platform/qt/qt_text_metrics.h"
+#include "platform/qt/qt_timer_service.h"
+#include "platform/sqlite/sqlite_engine.h"
+#include "platform/ui/graphics.h"
+
+namespace TabulonLib12 {
+
+// The default services. Each is created only where the host gave none, and the struct is
+// destroyed after the control, so every service outlives every use the control makes of it.
+struct Tabulon12Widget::Defaults {
+    std::unique_ptr<QtTextMetrics> metrics;
+    std::unique_ptr<QtTimerService> timers;
+    std::unique_ptr<QtMessageBox> messages;
+    std::unique_ptr<QtScreenPointer> screen;
+    std::unique_ptr<SteadyClock> clock;
+    // The composite engine refers to the two below it; declared after them, it goes first.
+    std::unique_ptr<SqliteEngine> files;
+    std::unique_ptr<PostgresEngine> servers;
+    std::unique_ptr<CompositeEngine> engine;
+};
+
+Tabulon12Widget::Tabulon12Widget(QWidget* parent) : Tabulon12Widget(Services{}, parent) {}
+
+Tabulon12Widget::Tabulon12Widget(const Services& services, QWidget* parent)
+    : QWidget(parent), defaults_(std::make_unique<Defaults>()) {
+    Defaults& d = *defaults_;
+    HostServices host = services.host;
+    if (!host.messages) host.messages = (d.messages = std::make_unique<QtMessageBox>(this)).get();
+    if (!host.screen) host.screen = (d.screen = std::make_unique<QtScreenPointer>()).get();
+    if (!host.clock) host.clock = (d.clock = std::make_unique<SteadyClock>()).get();
+    if (!host.engine) {
+        d.files = std::make_unique<SqliteEngine>();
+        d.servers = std::make_unique<PostgresEngine>();
+        d.engine = std::make_unique<CompositeEngine>(*d.servers, *d.files);
+        host.engine = d.engine.get();
+    }
+    engine_ = host.engine;
+    const TextMetrics* metrics = services.metrics;
+    if (!metrics) metrics = (d.metrics = std::make_unique<QtTextMetrics>()).get();
+    TimerService* timers = services.timers;
+    if (!timers) timers = (d.timers = std::make_unique<QtTimerService>()).get();
+
+    control_ = std::make_unique<Tabulon12>(host, *metrics, *timers);
+
+    painter_ = new SurfaceWidget(control_->Superficie(), this);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(painter_);
+    // Focus given to this widget goes to the painter, which passes the keys to the surface.
+    setFocusPolicy(painter_->focusPolicy());
+    setFocusProxy(painter_);
+    // The painter sits at (0, 0) of this widget: its moves say nothing of where the host placed
+    // the control, so they are kept from it (see eventFilter) and this widget's own are used.
+    painter_->installEventFilter(this);
+    resize(painter_->sizeHint());
+}
+
+Tabulon12Widget::~Tabulon12Widget() {
+    // The painter first: it holds callbacks into the control's surface. Then the control, while
+    // the services it uses still exist; the defaults go last, with the members.
+    delete painter_;
+    painter_ = nullptr;
+    control_.reset();
+}
+
+QSize Tabulon12Widget::sizeHint() const {
+    return painter_ ? painter_->sizeHint() : QWidget::sizeHint();  // no painter only while going
+}
+
+void Tabulon12Widget::moveEvent(QMoveEvent* e) {
+    QWidget::moveEvent(e);
+    control_->Superficie().setExtenderPosition(static_cast<float>(x() * TwipsPerPixel),
+                                               static_cast<float>(y() * TwipsPerPixel));
+}
+
+bool Tabulon12Widget::eventFilter(QObject* watched, QEvent* e) {
+    if (watched == painter_ && e->type() == QEvent::Move) return true;
+    return QWidget::eventFilter(watched, e);
+}
+
+}  // namespace TabulonLib12

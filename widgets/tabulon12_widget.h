@@ -1,0 +1,91 @@
+#pragma once
+// Tabulon12Widget: the control as a Qt widget that a Qt application places on a form.
+//
+// The widget owns one control (Tabulon12) and shows the control's surface through a child
+// SurfaceWidget (its painter) that fills it with no margin. A host sets the control up through
+// Control() (columns, database name, query, events) and calls Control().Carica().
+//
+// Services. The control asks its host for text metrics, timers, message boxes, the screen's
+// pointer, a clock and a database engine. The widget gives it Qt's by default:
+//   metrics   QtTextMetrics (real fonts)          timers  QtTimerService (QTimer)
+//   messages  QtMessageBox parented to the widget (a line on standard error without a display)
+//   screen    QtScreenPointer (the override cursor)
+//   clock     SteadyClock
+//   engine    one engine for every database name: PostgreSQL for server names (postgresql://
+//             URIs and key=value connection strings), SQLite for file paths
+// A host that wants its own passes Services: every non-null entry replaces the default, which is
+// then not created at all; parentControls and propertyChanged go to the control as given. What a
+// host passes stays the host's and must outlive the widget.
+//
+// Focus: the widget hands its focus to the painter (focus proxy), so keys reach the surface
+// whether the host focuses the widget or the user clicks or tabs into it.
+//
+// Size: the surface always has the painter's size, which is the widget's own; a resize of the
+// widget resizes the surface, and the control lays itself out again. The control's position on
+// its parent (the surface's extender position) is the widget's position.
+//
+// Destruction, in this order: the painter (it holds callbacks into the surface), then the control
+// (its elements and timers use the services), then the services the widget created.
+#include <QSize>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "control/tabulon12.h"
+#include "platform/host/host_services.h"
+#include "platform/qt/surface_widget.h"
+#include "platform/ui/text_metrics.h"
+#include "platform/ui/timer_service.h"
+
+namespace TabulonLib12 {
+
+class Tabulon12Widget : public QWidget {
+    Q_OBJECT
+
+public:
+    // What a host may give instead of the defaults; null entries take the defaults.
+    struct Services {
+        // messages, screen, clock, engine: the host's where not null. parentControls and
+        // propertyChanged are handed to the control unchanged.
+        HostServices host;
+        const TextMetrics* metrics = nullptr;
+        TimerService* timers = nullptr;
+    };
+
+    // A control with all of Qt's default services.
+    explicit Tabulon12Widget(QWidget* parent = nullptr);
+    // A control with the host's services where it gives them, the defaults elsewhere.
+    explicit Tabulon12Widget(const Services& services, QWidget* parent = nullptr);
+    ~Tabulon12Widget() override;
+    Tabulon12Widget(const Tabulon12Widget&) = delete;
+    Tabulon12Widget& operator=(const Tabulon12Widget&) = delete;
+
+    // The control this widget owns.
+    Tabulon12& Control() { return *control_; }
+    const Tabulon12& Control() const { return *control_; }
+    // The child widget that paints the control's surface and feeds it input.
+    SurfaceWidget& Painter() { return *painter_; }
+    const SurfaceWidget& Painter() const { return *painter_; }
+    // The engine the control opens its databases with (the host's, or the default one): a host
+    // may use it to check a database name before a load.
+    DatabaseEngine& Engine() { return *engine_; }
+
+    // The painter's hint: the surface's size (the control's design size).
+    QSize sizeHint() const override;
+
+protected:
+    void moveEvent(QMoveEvent* e) override;
+    bool eventFilter(QObject* watched, QEvent* e) override;
+
+private:
+    struct Defaults;  // the services this widget created, each only where the host gave none
+
+    // Members are destroyed in reverse order: the control before the services it uses.
+    std::unique_ptr<Defaults> defaults_;
+    DatabaseEngine* engine_ = nullptr;
+    std::unique_ptr<Tabulon12> control_;
+    SurfaceWidget* painter_ = nullptr;  // a child widget; deleted first, in the destructor
+};
+
+}  // namespace TabulonLib12
