@@ -11,15 +11,16 @@ Tabulon12::Impl::Impl(const HostServices& host_, const TextMetrics& metrics, Tim
       VS1(*elements.VS1),
       FG1(*elements.FG1),
       painter(FG1, VS1, columns, MatriceRighe, imageList),
-      selection(FG1, VS1, MatriceRighe, painter),
+      selection(FG1, VS1, MatriceRighe, *this),
       structure(surface, FG1, VS1, *elements.Shape1, columns, *this),
-      band(elements),
-      bands(elements),
-      totals(elements),
-      chooser(elements),
-      mouse(elements),
-      keys(elements),
-      pictures(elements) {
+      band(*elements.Shape2, *elements.Image1, *elements.LabelMenu, *elements.ImageZ, *elements.LabelTopSk,
+           *elements.ImageOrd),
+      bands(*elements.FrameLine, *elements.PicCol),
+      totals(*elements.LabelTOT, *elements.LabelCount),
+      chooser(*elements.ImageTools, *elements.FrameSceltaColonne, *elements.CheckScelta),
+      mouse(*elements.PictureTTT, *elements.LabelTTT, *elements.LabelMisTxt),
+      keys(*elements.TextKey),
+      pictures(*elements.ImageStyle, *elements.ImageUP, *elements.ImageDown) {
     VS1.onChange = [this] { ReazioneCambioVS1(); };
     VS1.onGoDown = [this] { events.Raise([](Tabulon12Events& e) { e.GoDown(); }); };
     VS1.onGoUp = [this] { events.Raise([](Tabulon12Events& e) { e.GoUp(); }); };

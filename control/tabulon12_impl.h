@@ -30,7 +30,7 @@
 
 namespace TabulonLib12 {
 
-struct Tabulon12::Impl final : StructureLayout::Neighbours {
+struct Tabulon12::Impl final : StructureLayout::Neighbours, Selection::RowColours {
     Impl(const HostServices& host, const TextMetrics& metrics, TimerService& timers);
     ~Impl() override;
 
@@ -97,8 +97,12 @@ struct Tabulon12::Impl final : StructureLayout::Neighbours {
     void LayoutRidimensionamento();
     void ReazioneCambioVS1();
     void RiempiFinestraRighe(bool senzaColore);
-    void ColoraSfondoRighe();
     void SetScrollValue(int32_t value);
+
+    // --- the selection's row colours: the row painter's ---
+    void ColoraRiga(int32_t riga, bool def, Colour colore) override;
+    void ColoraSfondoRighe() override;
+    Colour BackColorSelected() const override;
 
     // --- the structure's neighbours ---
     void SetHeadingCaption(int16_t column, const std::string& caption) override;

@@ -20,6 +20,8 @@ void Tabulon12::Impl::RiempiFinestraRighe(bool senzaColore) {
 }
 
 void Tabulon12::Impl::ColoraSfondoRighe() { painter.ColoraSfondoRighe(); }
+void Tabulon12::Impl::ColoraRiga(int32_t riga, bool def, Colour colore) { painter.ColoraRiga(riga, def, colore); }
+Colour Tabulon12::Impl::BackColorSelected() const { return painter.BackColorSelected(); }
 
 void Tabulon12::Impl::ReazioneCambioVS1() {
     if (!CaricamentoInCorso && RighePiene >= 1) {

@@ -2,7 +2,7 @@
 
 namespace TabulonLib12 {
 
-ColumnBands::ColumnBands(const ControlElements& e) : frameLine_(*e.FrameLine), picCol_(*e.PicCol) {}
+ColumnBands::ColumnBands(Frame& frameLine, ImageElement& picCol) : frameLine_(frameLine), picCol_(picCol) {}
 
 Colour ColumnBands::VerticalGridColor() const { return frameLine_(0).BackColor(); }
 

@@ -7,13 +7,13 @@
 #include <string>
 
 #include "platform/ui/control_array.h"
-#include "presentation/composition.h"
+#include "platform/ui/surface.h"
 
 namespace TabulonLib12 {
 
 class ColumnBands {
 public:
-    explicit ColumnBands(const ControlElements& elements);
+    ColumnBands(Frame& frameLine, ImageElement& picCol);
 
     bool VerticalGrid() const { return verticalGrid_; }
     void setVerticalGrid(bool v) { verticalGrid_ = v; }

@@ -5,8 +5,8 @@
 
 namespace TabulonLib12 {
 
-ColumnChooser::ColumnChooser(const ControlElements& e)
-    : imageTools_(*e.ImageTools), panel_(*e.FrameSceltaColonne), checkScelta_(*e.CheckScelta) {}
+ColumnChooser::ColumnChooser(PictureBox& imageTools, Frame& panel, CheckBox& checkScelta)
+    : imageTools_(imageTools), panel_(panel), checkScelta_(checkScelta) {}
 
 void ColumnChooser::setConsentiSceltaColonne(bool v) {
     consenti_ = v;

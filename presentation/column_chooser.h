@@ -7,13 +7,13 @@
 #include <string>
 
 #include "platform/ui/control_array.h"
-#include "presentation/composition.h"
+#include "platform/ui/surface.h"
 
 namespace TabulonLib12 {
 
 class ColumnChooser {
 public:
-    explicit ColumnChooser(const ControlElements& elements);
+    ColumnChooser(PictureBox& imageTools, Frame& panel, CheckBox& checkScelta);
 
     const std::string& FileScelta() const { return fileScelta_; }
     void setFileScelta(const std::string& path) { fileScelta_ = path; }

@@ -2,13 +2,9 @@
 
 namespace TabulonLib12 {
 
-HeadingBand::HeadingBand(const ControlElements& e)
-    : shape2_(*e.Shape2),
-      image1_(*e.Image1),
-      labelMenu_(*e.LabelMenu),
-      imageZ_(*e.ImageZ),
-      labelTopSk_(*e.LabelTopSk),
-      imageOrd_(*e.ImageOrd) {}
+HeadingBand::HeadingBand(Frame& shape2, ImageElement& image1, Label& labelMenu, ImageElement& imageZ, Label& labelTopSk,
+                         ImageElement& imageOrd)
+    : shape2_(shape2), image1_(image1), labelMenu_(labelMenu), imageZ_(imageZ), labelTopSk_(labelTopSk), imageOrd_(imageOrd) {}
 
 void HeadingBand::SetCaption(int16_t column, const std::string& caption) { labelMenu_(column).setCaption(caption); }
 void HeadingBand::SetEnabled(bool enabled) { shape2_.setEnabled(enabled); }

@@ -9,13 +9,14 @@
 
 #include "grid/enumerations.h"
 #include "platform/ui/control_array.h"
-#include "presentation/composition.h"
+#include "platform/ui/surface.h"
 
 namespace TabulonLib12 {
 
 class HeadingBand {
 public:
-    explicit HeadingBand(const ControlElements& elements);
+    HeadingBand(Frame& shape2, ImageElement& image1, Label& labelMenu, ImageElement& imageZ, Label& labelTopSk,
+                ImageElement& imageOrd);
 
     // The caption of column `column`; a heading that does not exist fails with error 340.
     void SetCaption(int16_t column, const std::string& caption);

@@ -2,6 +2,6 @@
 
 namespace TabulonLib12 {
 
-KeysAndWheel::KeysAndWheel(const ControlElements& e) : textKey_(*e.TextKey) {}
+KeysAndWheel::KeysAndWheel(TextBox& textKey) : textKey_(textKey) {}
 
 }  // namespace TabulonLib12

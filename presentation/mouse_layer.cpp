@@ -2,8 +2,8 @@
 
 namespace TabulonLib12 {
 
-MouseLayer::MouseLayer(const ControlElements& e)
-    : pictureTTT_(*e.PictureTTT), labelTTT_(*e.LabelTTT), labelMisTxt_(*e.LabelMisTxt) {}
+MouseLayer::MouseLayer(PictureBox& pictureTTT, Label& labelTTT, Label& labelMisTxt)
+    : pictureTTT_(pictureTTT), labelTTT_(labelTTT), labelMisTxt_(labelMisTxt) {}
 
 void MouseLayer::HideTip() { pictureTTT_.setVisible(false); }
 

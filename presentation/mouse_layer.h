@@ -2,13 +2,13 @@
 // The event layer over the cell surface: it follows the mouse, shows the control's own tooltip
 // (the picture box PictureTTT with the label LabelTTT, shown at the pointer at once, with no
 // delay) and measures cut cell text with LabelMisTxt. It owns those elements.
-#include "presentation/composition.h"
+#include "platform/ui/surface.h"
 
 namespace TabulonLib12 {
 
 class MouseLayer {
 public:
-    explicit MouseLayer(const ControlElements& elements);
+    MouseLayer(PictureBox& pictureTTT, Label& labelTTT, Label& labelMisTxt);
 
     // Every scroll ends any tooltip.
     void HideTip();

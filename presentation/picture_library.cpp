@@ -2,7 +2,7 @@
 
 namespace TabulonLib12 {
 
-PictureLibrary::PictureLibrary(const ControlElements& e)
-    : imageStyle_(*e.ImageStyle), imageUp_(*e.ImageUP), imageDown_(*e.ImageDown) {}
+PictureLibrary::PictureLibrary(ImageElement& imageStyle, ImageElement& imageUp, ImageElement& imageDown)
+    : imageStyle_(imageStyle), imageUp_(imageUp), imageDown_(imageDown) {}
 
 }  // namespace TabulonLib12

@@ -3,13 +3,13 @@
 // values of the style enumerations: the band textures (ImageStyle) and the sort arrows
 // (ImageUP, ImageDown). The band and the sort take their pictures from here.
 #include "platform/ui/control_array.h"
-#include "presentation/composition.h"
+#include "platform/ui/surface.h"
 
 namespace TabulonLib12 {
 
 class PictureLibrary {
 public:
-    explicit PictureLibrary(const ControlElements& elements);
+    PictureLibrary(ImageElement& imageStyle, ImageElement& imageUp, ImageElement& imageDown);
 
     const ControlArray<ImageElement>& Styles() const { return imageStyle_; }
     const ControlArray<ImageElement>& ArrowsUp() const { return imageUp_; }

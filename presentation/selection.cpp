@@ -8,7 +8,7 @@
 
 namespace TabulonLib12 {
 
-Selection::Selection(CellGrid& fg, const Scorrix& bar, RowStore& store, RowPainter& painter)
+Selection::Selection(CellGrid& fg, const Scorrix& bar, RowStore& store, RowColours& painter)
     : fg_(fg), bar_(bar), store_(store), painter_(painter) {}
 
 void Selection::ForgetForLoad() {

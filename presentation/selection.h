@@ -9,14 +9,24 @@
 
 #include "grid/row_store.h"
 #include "platform/ui/cell_grid.h"
-#include "presentation/row_painter.h"
+#include "platform/runtime/colour.h"
 #include "scrollbar/scorrix.h"
 
 namespace TabulonLib12 {
 
 class Selection {
 public:
-    Selection(CellGrid& fg, const Scorrix& bar, RowStore& store, RowPainter& painter);
+    // How the selection has rows painted: a grid row in a colour or in its default colours,
+    // every row in its default colours, and the colour of a picked row.
+    class RowColours {
+    public:
+        virtual ~RowColours() = default;
+        virtual void ColoraRiga(int32_t riga, bool def, Colour colore) = 0;
+        virtual void ColoraSfondoRighe() = 0;
+        virtual Colour BackColorSelected() const = 0;
+    };
+
+    Selection(CellGrid& fg, const Scorrix& bar, RowStore& store, RowColours& painter);
 
     int32_t IndiceSelezionato() const { return indiceSelezionato_; }
     int32_t IndiceRigaAttiva() const { return indiceRigaAttiva_; }
@@ -53,7 +63,7 @@ private:
     CellGrid& fg_;
     const Scorrix& bar_;
     RowStore& store_;
-    RowPainter& painter_;
+    RowColours& painter_;
     int32_t indiceSelezionato_ = -1;
     int32_t indiceRigaAttiva_ = -1;
     int32_t rigaCorrente_ = 0;

@@ -4,7 +4,7 @@
 
 namespace TabulonLib12 {
 
-TotalsAndCount::TotalsAndCount(const ControlElements& e) : labelTot_(*e.LabelTOT), labelCount_(*e.LabelCount) {}
+TotalsAndCount::TotalsAndCount(Label& labelTot, Label& labelCount) : labelTot_(labelTot), labelCount_(labelCount) {}
 
 void TotalsAndCount::ShowCount(int32_t records) {
     labelCount_.setCaption(testoCount_ + " " + DecimalText(records));

@@ -6,13 +6,13 @@
 #include <string>
 
 #include "platform/ui/control_array.h"
-#include "presentation/composition.h"
+#include "platform/ui/surface.h"
 
 namespace TabulonLib12 {
 
 class TotalsAndCount {
 public:
-    explicit TotalsAndCount(const ControlElements& elements);
+    TotalsAndCount(Label& labelTot, Label& labelCount);
 
     const std::string& TestoCount() const { return testoCount_; }
     void setTestoCount(const std::string& text) { testoCount_ = text; }

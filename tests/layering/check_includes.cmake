@@ -1,6 +1,6 @@
 # Fails when a source of a logic layer or of a toolkit-free platform folder includes a Qt,
 # SQLite or libpq header. Prints each offending line.
-set(folders grid presentation persistence scrollbar pages
+set(folders grid presentation control persistence scrollbar pages
             platform/ui platform/db platform/host platform/runtime)
 set(found 0)
 set(checked 0)
