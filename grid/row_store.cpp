@@ -2,15 +2,29 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 #include "platform/runtime/error.h"
 
 namespace TabulonLib12 {
 
+RowStore::Memory<uint64_t> RowStore::ZeroedCells(size_t count) {
+    void* p = std::calloc(count == 0 ? 1 : count, sizeof(uint64_t));
+    if (p == nullptr) throw std::bad_alloc();
+    return Memory<uint64_t>(static_cast<uint64_t*>(p));
+}
+
+RowStore::Memory<char> RowStore::Block(size_t bytes) {
+    void* p = std::malloc(bytes);
+    if (p == nullptr) throw std::bad_alloc();
+    return Memory<char>(static_cast<char*>(p));
+}
+
 RowStore::RowStore(int32_t rowBound, int32_t colBound)
     : rowBound_(rowBound), colBound_(colBound) {
     if (rowBound < 0 || colBound < 0) throw Error::OutOfBounds();
-    cells_.assign(static_cast<size_t>(rowBound + 1) * static_cast<size_t>(colBound + 1), 0);
+    cellCount_ = static_cast<size_t>(rowBound) * static_cast<size_t>(colBound + 1) + static_cast<size_t>(colBound + 1);
+    cells_ = ZeroedCells(cellCount_);
 }
 
 size_t RowStore::Slot(int64_t row, int64_t col) const {
@@ -43,7 +57,7 @@ uint64_t RowStore::Store(std::string_view text) {
         if (blocks_.size() == kMaxBlocks) throw Error::OutOfMemory();
         blockSize_ = blocks_.empty() ? kFirstBlockSize : std::min(blockSize_ * 2, kMaxBlockSize);
         while (blockSize_ < text.size()) blockSize_ *= 2;
-        blocks_.push_back(std::make_unique_for_overwrite<char[]>(blockSize_));
+        blocks_.push_back(Block(blockSize_));
         blockBytes_ += blockSize_;
         used_ = 0;
     }
@@ -64,16 +78,17 @@ void RowStore::ResizeColumns(int32_t colBound) {
     const size_t rows = static_cast<size_t>(rowBound_) + 1;
     const size_t oldWidth = static_cast<size_t>(colBound_) + 1;
     const size_t newWidth = static_cast<size_t>(colBound) + 1;
-    std::vector<uint64_t> cells(rows * newWidth, 0);
+    Memory<uint64_t> cells = ZeroedCells(rows * newWidth);
     const size_t keep = std::min(oldWidth, newWidth);
     for (size_t r = 0; r < rows; ++r)
         std::memcpy(&cells[r * newWidth], &cells_[r * oldWidth], keep * sizeof(uint64_t));
-    cells_.swap(cells);
+    cells_ = std::move(cells);
+    cellCount_ = rows * newWidth;
     colBound_ = colBound;
 }
 
 size_t RowStore::MemoryBytes() const {
-    size_t bytes = cells_.capacity() * sizeof(uint64_t) + blockBytes_;
+    size_t bytes = cellCount_ * sizeof(uint64_t) + blockBytes_;
     for (const auto& t : longTexts_) bytes += t.capacity();
     return bytes;
 }

@@ -5,6 +5,7 @@
 // grows, and each cell is one 8-byte reference into it. A rewritten cell gets new room at the
 // arena's end; the old bytes stay until the store is replaced.
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -47,14 +48,26 @@ private:
     static constexpr uint64_t kLongText = (uint64_t{1} << kLengthBits) - 1;  // marks a text kept apart
     static constexpr uint64_t kMaxBlocks = uint64_t{1} << (64 - kLengthBits - kOffsetBits);
 
+    // The store's memory comes from the C allocator: the cells' zeroed pages need no clearing,
+    // and a refused allocation is reported as std::bad_alloc in every build, sanitizers
+    // included (whose operator new ends the process instead).
+    struct FreeMemory {
+        void operator()(void* p) const { std::free(p); }
+    };
+    template <class T>
+    using Memory = std::unique_ptr<T[], FreeMemory>;
+    static Memory<uint64_t> ZeroedCells(size_t count);
+    static Memory<char> Block(size_t bytes);
+
     size_t Slot(int64_t row, int64_t col) const;
     uint64_t Store(std::string_view text);
 
     int32_t rowBound_, colBound_;
     // A text of 4 MiB or more is kept in longTexts_; its reference holds that index in place
     // of block and offset, and the kLongText length.
-    std::vector<uint64_t> cells_;
-    std::vector<std::unique_ptr<char[]>> blocks_;
+    size_t cellCount_ = 0;
+    Memory<uint64_t> cells_;
+    std::vector<Memory<char>> blocks_;
     uint64_t blockSize_ = 0;  // size of the last block
     uint64_t used_ = 0;       // bytes used in the last block
     size_t blockBytes_ = 0;   // all blocks together

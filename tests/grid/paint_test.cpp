@@ -185,6 +185,37 @@ TEST_F(PaintTest, AnEmptyCellInANumericConditionColumnShowsImmagineA) {
     EXPECT_EQ(*PictureAt(4, 4), green);  // state NULL, id 5: conversion fails, counts as holding
 }
 
+TEST_F(PaintTest, ALoadWhoseConditionColumnMeetsANullNumberShowsNoBox) {
+    LoadStates();
+    UseImageList();
+    control->setCondizione(4, "1");
+    control->setOperatoreCondizionale(4, ">");
+    control->setImmagineA(4, 2);
+    control->setImmagineB(4, 1);
+    control->Carica();
+    // The paint counts the value that does not convert as holding, and tells nobody.
+    EXPECT_EQ(*PictureAt(4, 4), green);
+    EXPECT_TRUE(messages.shown.empty());
+    control->Carica(true);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(PaintTest, ARepaintThatMeetsANullNumberLeavesNothingForTheRoutinesAfterIt) {
+    LoadStates();
+    UseImageList();
+    control->setCondizione(4, "1");
+    control->setOperatoreCondizionale(4, "<");
+    control->setImmagineA(4, 2);
+    control->setImmagineB(4, 1);
+    control->Carica();
+    control->setTopRow(1);  // each scroll repaints the null cell again
+    control->setTopRow(0);
+    control->setDataBaseName(dir.File("test.db"));
+    control->Carica();
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(control->RighePiene(), 5);
+}
+
 TEST_F(PaintTest, AConditionRowWhoseFirstColumnIsEmptyKeepsItsPreviousPicture) {
     LoadStates();
     UseImageList();
