@@ -22,20 +22,30 @@ int64_t Records() {
     return env ? std::atoll(env) : 1000000;
 }
 
+// The mixed query prepared on its database, opened read-only.
+struct RawQuery {
+    explicit RawQuery(const std::string& path) {
+        sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
+        sqlite3_prepare_v2(db, kMixedQuery, -1, &st, nullptr);
+    }
+    ~RawQuery() {
+        sqlite3_finalize(st);
+        sqlite3_close(db);
+    }
+    sqlite3* db = nullptr;
+    sqlite3_stmt* st = nullptr;
+};
+
 // The bare floor: open, prepare and step the query without reading a column; what no load of
 // the same records can go below.
 void BareSqliteStep(benchmark::State& state) {
     const std::string path = MixedDatabase(Records());
     for (auto _ : state) {
-        sqlite3* db = nullptr;
-        sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
-        sqlite3_stmt* st = nullptr;
-        sqlite3_prepare_v2(db, kMixedQuery, -1, &st, nullptr);
+        RawQuery query(path);
+        sqlite3_stmt* st = query.st;
         int64_t rows = 0;
         while (sqlite3_step(st) == SQLITE_ROW) ++rows;
         benchmark::DoNotOptimize(rows);
-        sqlite3_finalize(st);
-        sqlite3_close(db);
     }
 }
 
@@ -43,10 +53,8 @@ void BareSqliteStep(benchmark::State& state) {
 void RawSqliteFloor(benchmark::State& state) {
     const std::string path = MixedDatabase(Records());
     for (auto _ : state) {
-        sqlite3* db = nullptr;
-        sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
-        sqlite3_stmt* st = nullptr;
-        sqlite3_prepare_v2(db, kMixedQuery, -1, &st, nullptr);
+        RawQuery query(path);
+        sqlite3_stmt* st = query.st;
         std::string buffer;
         std::vector<uint64_t> offsets;
         const int columns = sqlite3_column_count(st);
@@ -61,8 +69,6 @@ void RawSqliteFloor(benchmark::State& state) {
         benchmark::DoNotOptimize(buffer.data());
         state.counters["text_bytes"] = static_cast<double>(buffer.size());
         state.counters["cells"] = static_cast<double>(offsets.size());
-        sqlite3_finalize(st);
-        sqlite3_close(db);
     }
 }
 
