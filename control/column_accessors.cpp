@@ -77,10 +77,8 @@ void Tabulon12::setColsWidth(int16_t Index, int16_t New_ColsWidth) {
 int16_t Tabulon12::ColsWidthEff(int16_t Index) const {
     auto& s = *impl_;
     const int16_t stored = ColumnValue(s.columns.ColsWidth, Index);
-    int16_t result = 0;
-    Steps steps;
-    steps([&] { result = ToInt16(static_cast<float>(stored) * s.structure.FattoreAdattamento()); });
-    return result;
+    // A scaled width beyond 32767 twips overflows to the caller.
+    return ToInt16(static_cast<float>(stored) * s.structure.FattoreAdattamento());
 }
 
 int16_t Tabulon12::ColAlignment(int16_t Index) const {

@@ -49,8 +49,17 @@ void Tabulon12::setFileScelta(const std::string& New_FileScelta) {
 std::string Tabulon12::TestoCount() const { return impl_->totals.TestoCount(); }
 void Tabulon12::setTestoCount(const std::string& New_TestoCount) {
     impl_->totals.setTestoCount(New_TestoCount);
+    impl_->totals.ShowCount(impl_->RighePiene);
     impl_->PropertyChanged("TestoCount");
 }
+
+float Tabulon12::TotaleColonna(int16_t Colonna) const {
+    const auto& totals = impl_->TotaliColonna;
+    if (Colonna < 0 || static_cast<size_t>(Colonna) >= totals.size()) throw Error::OutOfBounds();
+    return totals[static_cast<size_t>(Colonna)];
+}
+
+std::string Tabulon12::StringaTotCol() const { return TotalsAndCount::StringaTotCol(impl_->columns); }
 
 int16_t Tabulon12::MinRows() const { return impl_->structure.MinRows(); }
 void Tabulon12::setMinRows(int16_t) { impl_->PropertyChanged("MinRows"); }

@@ -84,6 +84,7 @@ public:
     void setBackColorCol(int16_t Index, Colour New_BackColorCol);
     bool MostraBarraVert(int16_t Index) const;
     void setMostraBarraVert(int16_t Index, bool New_MostraBarraVert);
+    // 1 shows the column's total under it (any other value hides it); a write redraws the totals.
     uint8_t MostraTotCol(int16_t Index) const;
     void setMostraTotCol(int16_t Index, uint8_t New_MostraTotCol);
     uint8_t ColonnaOpzionale(int16_t Index) const;
@@ -111,8 +112,11 @@ public:
     void setImageLista(const std::string& New_ImageLista);
     std::string FileScelta() const;
     void setFileScelta(const std::string& New_FileScelta);
+    // The text before the row count; the count shows as the text, a blank and RighePiene, and
+    // is hidden while the text is empty.
     std::string TestoCount() const;
     void setTestoCount(const std::string& New_TestoCount);
+    // Twips kept free under the grid; a write lays the control out again at once (and raises Resize).
     int32_t BottomHeight() const;
     void setBottomHeight(int32_t New_BottomHeight);
     int16_t ColonnaColore() const;
@@ -201,7 +205,15 @@ public:
     int32_t Rows() const;  // upper row bound of the row store
     int16_t IndiceordinamentoAttivo() const;
     int32_t IndiceSelezionato() const;
+    // The designed width minus the present width of the control, as the last column fitting found it.
     int32_t DeltaWidth() const;
+
+    // --- Totals ---
+    // The sum of column Colonna from the last load that opened a recordset; a column out of
+    // range fails with a subscript error, and so does every column before such a load.
+    float TotaleColonna(int16_t Colonna) const;
+    // The columns whose MostraTotCol is not 0, in decimal, joined by commas ("" for none).
+    std::string StringaTotCol() const;
 
     // --- The row window ---
     // The store text of a record (Row is a store index); outside the store the out-of-bounds

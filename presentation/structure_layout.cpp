@@ -23,9 +23,17 @@ void ApplyAlignment(CellGrid& fg, int32_t c, int16_t alignment) {
 
 }  // namespace
 
+int32_t ArrotondaTwips(float value) { return static_cast<int32_t>(ToInt16(value / 15.0f)) * 15; }
+
 StructureLayout::StructureLayout(Surface& surface, CellGrid& fg, Scorrix& bar, Shape& outline,
-                                 const ColumnDefinitions& columns, Neighbours& neighbours)
-    : surface_(surface), fg_(fg), bar_(bar), outline_(outline), columns_(columns), neighbours_(neighbours) {
+                                 const ColumnDefinitions& columns, Neighbours& neighbours, ContainedControls* contained)
+    : surface_(surface),
+      fg_(fg),
+      bar_(bar),
+      outline_(outline),
+      columns_(columns),
+      neighbours_(neighbours),
+      contained_(contained) {
     larghezzaRiferimento_ = static_cast<int32_t>(surface.Width());
 }
 
@@ -139,8 +147,11 @@ void StructureLayout::LayoutRidimensionamento(std::string_view columnChoice) {
     neighbours_.RaiseResize();
 }
 
-// The host places no controls of its own inside this control's surface, so there is nothing
-// to move along with the grid's bottom edge.
-void StructureLayout::SpostaControlliContenuti() {}
+void StructureLayout::SpostaControlliContenuti() {
+    if (contained_ == nullptr) return;
+    const float shift = fg_.Height() - static_cast<float>(altezzaSuperficiePrecedente_);
+    for (ContainedControl* control : contained_->Items())
+        if (control != nullptr && !control->IsVerticalScrollBar()) control->setTop(control->Top() + shift);
+}
 
 }  // namespace TabulonLib12

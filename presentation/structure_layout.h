@@ -13,11 +13,16 @@
 #include <string_view>
 
 #include "grid/column_properties.h"
+#include "platform/host/host_services.h"
 #include "platform/ui/cell_grid.h"
 #include "platform/ui/surface.h"
 #include "scrollbar/scorrix.h"
 
 namespace TabulonLib12 {
+
+// The value rounded to a whole number of pixels, in twips: divided by 15, rounded to a 16-bit
+// whole number (ties to even, overflowing beyond 16 bits), times 15.
+int32_t ArrotondaTwips(float value);
 
 class StructureLayout {
 public:
@@ -38,8 +43,10 @@ public:
         virtual void RaiseResize() = 0;
     };
 
+    // `contained` are the host's controls inside the control (may be null): the layout moves them
+    // with the grid's bottom edge.
     StructureLayout(Surface& surface, CellGrid& fg, Scorrix& bar, Shape& outline, const ColumnDefinitions& columns,
-                    Neighbours& neighbours);
+                    Neighbours& neighbours, ContainedControls* contained);
 
     int16_t MinRows() const { return minRows_; }
     int32_t BottomHeight() const { return bottomHeight_; }
@@ -68,6 +75,8 @@ private:
     void ApplicaRegolaAltezza(bool dropFailures);
     // The scroll bar, the outline and the chooser button placed around the grid.
     void DisponiIntornoGriglia();
+    // Every control the host placed inside the control, vertical scroll bars excepted, moves
+    // down or up by as much as the grid's height changed since the last layout.
     void SpostaControlliContenuti();
 
     Surface& surface_;
@@ -76,6 +85,7 @@ private:
     Shape& outline_;
     const ColumnDefinitions& columns_;
     Neighbours& neighbours_;
+    ContainedControls* contained_;
 
     int16_t minRows_ = 10;
     int32_t bottomHeight_ = 0;

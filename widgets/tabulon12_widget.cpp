@@ -2,7 +2,9 @@
 
 #include <QEvent>
 #include <QMoveEvent>
+#include <QScrollBar>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "platform/db/composite_engine.h"
 #include "platform/postgres/postgres_engine.h"
@@ -29,6 +31,46 @@ struct Tabulon12Widget::Defaults {
     std::unique_ptr<CompositeEngine> engine;
 };
 
+// The widget's child widgets other than the painter, in their order, as the control's contained
+// controls. The painter fills the widget, so a child's top in the widget is its top on the
+// control's surface.
+class Tabulon12Widget::HostChildren final : public ContainedControls {
+public:
+    explicit HostChildren(Tabulon12Widget& owner) : owner_(owner) {}
+
+    std::vector<ContainedControl*> Items() override {
+        items_.clear();
+        std::vector<ContainedControl*> items;
+        for (QObject* object : owner_.children()) {
+            auto* widget = qobject_cast<QWidget*>(object);
+            if (widget == nullptr || widget == owner_.painter_) continue;
+            items_.push_back(std::make_unique<Child>(*widget));
+            items.push_back(items_.back().get());
+        }
+        return items;
+    }
+
+private:
+    class Child final : public ContainedControl {
+    public:
+        explicit Child(QWidget& widget) : widget_(widget) {}
+        float Top() const override { return static_cast<float>(widget_.y() * TwipsPerPixel); }
+        void setTop(float top) override {
+            widget_.move(widget_.x(), static_cast<int>(std::lround(top / TwipsPerPixel)));
+        }
+        bool IsVerticalScrollBar() const override {
+            const auto* bar = qobject_cast<const QScrollBar*>(&widget_);
+            return bar != nullptr && bar->orientation() == Qt::Vertical;
+        }
+
+    private:
+        QWidget& widget_;
+    };
+
+    Tabulon12Widget& owner_;
+    std::vector<std::unique_ptr<Child>> items_;
+};
+
 Tabulon12Widget::Tabulon12Widget(QWidget* parent) : Tabulon12Widget(Services{}, parent) {}
 
 Tabulon12Widget::Tabulon12Widget(const Services& services, QWidget* parent)
@@ -45,6 +87,7 @@ Tabulon12Widget::Tabulon12Widget(const Services& services, QWidget* parent)
         host.engine = d.engine.get();
     }
     engine_ = host.engine;
+    if (!host.containedControls) host.containedControls = (children_ = std::make_unique<HostChildren>(*this)).get();
     const TextMetrics* metrics = services.metrics;
     if (!metrics) metrics = (d.metrics = std::make_unique<QtTextMetrics>()).get();
     TimerService* timers = services.timers;

@@ -17,6 +17,10 @@
 // then not created at all; parentControls and propertyChanged go to the control as given. What a
 // host passes stays the host's and must outlive the widget.
 //
+// Host controls inside the control: a host may make its own widgets children of this widget and
+// place them in the strip below the grid; when the control's height changes they follow the
+// grid's bottom edge (vertical scroll bars excepted), as the control moves contained controls.
+//
 // Focus: the widget hands its focus to the painter (focus proxy), so keys reach the surface
 // whether the host focuses the widget or the user clicks or tabs into it.
 //
@@ -80,9 +84,11 @@ protected:
 
 private:
     struct Defaults;  // the services this widget created, each only where the host gave none
+    class HostChildren;  // the host's child widgets as the control's contained controls
 
     // Members are destroyed in reverse order: the control before the services it uses.
     std::unique_ptr<Defaults> defaults_;
+    std::unique_ptr<HostChildren> children_;
     DatabaseEngine* engine_ = nullptr;
     std::unique_ptr<Tabulon12> control_;
     SurfaceWidget* painter_ = nullptr;  // a child widget; deleted first, in the destructor

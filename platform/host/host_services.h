@@ -86,6 +86,25 @@ private:
     std::vector<std::shared_ptr<HostControl>> controls_;
 };
 
+// A control that the host placed inside the control's own surface, in the strip below the
+// grid: the control moves it with the grid's bottom edge. Its top is in twips from the top of
+// the control's surface.
+class ContainedControl {
+public:
+    virtual ~ContainedControl() = default;
+    virtual float Top() const = 0;
+    virtual void setTop(float top) = 0;
+    // Vertical scroll bars stay where the host put them.
+    virtual bool IsVerticalScrollBar() const = 0;
+};
+
+// The host's controls inside the control, in the host's order.
+class ContainedControls {
+public:
+    virtual ~ContainedControls() = default;
+    virtual std::vector<ContainedControl*> Items() = 0;
+};
+
 // Everything a control instance needs from its host, handed over at creation.
 struct HostServices {
     MessageBoxService* messages = nullptr;
@@ -96,6 +115,8 @@ struct HostServices {
     std::shared_ptr<HostForm> parentControls;
     // Called with the member's name after every write of a persistent property.
     std::function<void(const std::string&)> propertyChanged;
+    // The host's own controls inside the control; none when null.
+    ContainedControls* containedControls = nullptr;
 };
 
 // The process's monotonic clock in milliseconds.
