@@ -27,12 +27,14 @@ std::string Repeat(std::string_view piece, size_t totalSize) {
     return text;
 }
 
-// Runs `work` and checks that it took well under a second or two, even under the sanitizers.
+// Runs `work` and checks that it took seconds at most, even under the sanitizers on a busy
+// machine: what this guards against is work that grows with the square of a megabyte input,
+// which takes hours, not a slow second.
 template <typename F>
 void ExpectQuick(F work, const std::string& what) {
     const auto start = std::chrono::steady_clock::now();
     work();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3)) << what;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << what;
 }
 
 // Well-formed UTF-8: every lead byte followed by its continuation bytes, no overlong forms,
