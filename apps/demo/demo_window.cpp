@@ -19,20 +19,25 @@ struct ColumnDesign {
     int16_t alignment;  // 0 left, 1 right, 2 centred
 };
 
-// The orders as the demo shows them: the key, the customer and city, the date, the amount,
-// whether it is paid, and the customer's row colour, kept in a column of width 0.
+// The orders as the demo shows them: the key, the customer and city, the date, the quantity
+// and the amount (both totalled under the list), whether it is paid, and the customer's row
+// colour, kept in a column of width 0.
 constexpr ColumnDesign kColumns[] = {
     {"N.", "id", "Nessuno", 900, 1},
-    {"Cliente", "customer", "Nessuno", 4200, 0},
-    {"Città", "city", "Nessuno", 2400, 0},
-    {"Data", "order_date", "Data", 1500, 2},
-    {"Importo", "amount", "Valuta", 1700, 1},
-    {"Pagato", "paid", "Nessuno", 1100, 2},
+    {"Cliente", "customer", "Nessuno", 3900, 0},
+    {"Città", "city", "Nessuno", 2100, 0},
+    {"Data", "order_date", "Data", 1400, 2},
+    {"Quantità", "quantity", "Numerico", 1200, 1},
+    {"Importo", "amount", "Valuta", 1800, 1},
+    {"Pagato", "paid", "Nessuno", 1000, 2},
     {"Colore", "colour", "Nessuno", 0, 0},
 };
-constexpr int16_t kPaidColumn = 5;
-constexpr int16_t kColourColumn = 6;
-constexpr const char* kQuery = "SELECT id, customer, city, order_date, amount, paid, colour FROM v_orders ORDER BY id";
+constexpr int16_t kQuantityColumn = 4;
+constexpr int16_t kAmountColumn = 5;
+constexpr int16_t kPaidColumn = 6;
+constexpr int16_t kColourColumn = 7;
+constexpr const char* kQuery =
+    "SELECT id, customer, city, order_date, quantity, amount, paid, colour FROM v_orders ORDER BY id";
 
 }  // namespace
 
@@ -102,6 +107,8 @@ void DemoWindow::Load() {
     c.setImmagineA(kPaidColumn, 1);
     c.setImmagineB(kPaidColumn, 2);
     c.setColonnaColore(kColourColumn);
+    c.setMostraTotCol(kQuantityColumn, 1);
+    c.setMostraTotCol(kAmountColumn, 1);
     c.setTestoCount("Righe visualizzate:");
     c.setDataBaseName(databasePath_);
     c.setQueryString(kQuery);
@@ -149,6 +156,10 @@ void DemoWindow::IperTextClick(int32_t& RigaClick, int16_t& ColonnaClick, int32_
             .arg(IdAssociato)
             .arg(QString::fromStdString(TestoIperTxt)));
 }
-void DemoWindow::Resize() { Log(QStringLiteral("Resize %1 x %2").arg(list_->width()).arg(list_->height())); }
+void DemoWindow::Resize() {
+    Log(QStringLiteral("Resize %1 x %2").arg(list_->width()).arg(list_->height()));
+    // A taller list has rows that nothing painted yet: writing the top row repaints the window.
+    if (Control().RighePiene() > 0) Control().setTopRow(Control().TopRow());
+}
 
 }  // namespace TabulonLib12::Demo

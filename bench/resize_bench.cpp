@@ -1,0 +1,111 @@
+// A step of dragging the edge of a form with a 40-column list on Qt's offscreen platform: the
+// control's widget made 4 pixels wider or narrower, which lays the control out again (columns
+// scaled, band, lines, bar, totals) and paints it once, against a QTableView with 40 sections
+// in a stretching header resized the same way and repainted, in the same run.
+#include <QApplication>
+#include <QHeaderView>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <cstdio>
+#include <cstdlib>
+
+#include "bench_support.h"
+#include "control_rig.h"
+#include "platform/qt/qt_text_metrics.h"
+#include "platform/qt/qt_timer_service.h"
+#include "platform/qt/surface_widget.h"
+
+using namespace TabulonLib12;
+using namespace TabulonBench;
+
+namespace {
+
+constexpr int kColumns = 40;
+constexpr int kRows = 30;
+constexpr int64_t kRecords = 1000;
+constexpr int kWidth = 1040, kStep = 4;
+
+// Forty columns over the mixed table, its ten fields four times, the numbers totalled.
+void DefineFortyColumns(Tabulon12& control) {
+    const char* fields[] = {"id", "code", "city", "day", "price", "rate", "qty", "paid", "note", "colour"};
+    const char* formats[] = {"Nessuno", "Nessuno", "Nessuno", "Data", "Valuta", "Single", "Numerico", "Nessuno",
+                             "Nessuno", "Nessuno"};
+    control.setCols(kColumns);
+    for (int16_t c = 0; c < kColumns; ++c) {
+        control.setCampoQuery(c, fields[c % 10]);
+        control.setFormato(c, formats[c % 10]);
+        control.setColsWidth(c, 390);
+        control.setIntestazione(c, std::string("Col ") + std::to_string(c));
+        if (c % 10 >= 4 && c % 10 <= 6) control.setMostraTotCol(c, 1);
+    }
+}
+
+void ControlResizeStep(benchmark::State& state) {
+    QtTextMetrics metrics;
+    QtTimerService timers;
+    ControlRig rig(kRecords, kRows, &metrics, &timers);
+    DefineFortyColumns(*rig.control);
+    SurfaceWidget widget(rig.control->Superficie());
+    const int height = 23 + (kRows + 3) * Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel;
+    widget.resize(kWidth, height);
+    widget.show();
+    rig.control->Carica();
+    QApplication::processEvents();
+    bool narrow = false;
+    for (auto _ : state) {
+        narrow = !narrow;
+        widget.resize(narrow ? kWidth - kStep : kWidth, height);
+        widget.repaint();
+    }
+    state.counters["cols"] = rig.control->Cols();
+    state.counters["rows"] = rig.control->MinRows();
+}
+
+void TableViewResizeStep(benchmark::State& state) {
+    QtTextMetrics metrics;
+    QtTimerService timers;
+    ControlRig rig(kRecords, kRows, &metrics, &timers);
+    DefineFortyColumns(*rig.control);
+    rig.control->Carica();
+    const auto& store = Tabulon12Probe::Of(*rig.control).MatriceRighe;
+    QStandardItemModel model(kRows, kColumns);
+    for (int r = 0; r < kRows; ++r)
+        for (int c = 0; c < kColumns; ++c)
+            model.setItem(r, c, new QStandardItem(QString::fromUtf8(store.Cell(r, c).data(),
+                                                                    static_cast<int>(store.Cell(r, c).size()))));
+    QTableView view;
+    view.setModel(&model);
+    view.verticalHeader()->hide();
+    view.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    view.verticalHeader()->setDefaultSectionSize(Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel);
+    const int height = 23 + (kRows + 3) * view.verticalHeader()->defaultSectionSize();
+    view.resize(kWidth, height);
+    view.show();
+    QApplication::processEvents();
+    bool narrow = false;
+    for (auto _ : state) {
+        narrow = !narrow;
+        view.resize(narrow ? kWidth - kStep : kWidth, height);
+        view.repaint();
+    }
+    state.counters["cols"] = kColumns;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RegisterBenchmark("ControlResizeStep", ControlResizeStep)->Unit(benchmark::kMicrosecond)->Repetitions(5);
+    benchmark::RegisterBenchmark("TableViewResizeStep", TableViewResizeStep)->Unit(benchmark::kMicrosecond)->Repetitions(5);
+    KeepingReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    auto& t = reporter.seconds;
+    if (t.count("ControlResizeStep") && t.count("TableViewResizeStep"))
+        std::printf("\nresize-drag step of 40 columns, control / QTableView: %.2f (%.1f us / %.1f us)\n",
+                    t["ControlResizeStep"] / t["TableViewResizeStep"], t["ControlResizeStep"] * 1e6,
+                    t["TableViewResizeStep"] * 1e6);
+    benchmark::Shutdown();
+    return 0;
+}
