@@ -1,7 +1,7 @@
 // Pictures on high-density devices: the finer rendering of a picture (Image::doubleScale) is
 // painted at 1.5 or more device pixels per logical pixel, in the place and at the logical size of
 // the plain picture; the plain pixels are painted below that ratio and for pictures without one.
-// And a pointer picture's hot spot travels with it to the cursor.
+// And a pointer picture's hot spot travels with it to the cursor, the drawn hand's among them.
 #include <gtest/gtest.h>
 
 #include <QMouseEvent>
@@ -11,6 +11,7 @@
 #include "gui_test_support.h"
 #include "platform/qt/element_painter.h"
 #include "platform/qt/qt_pointer.h"
+#include "presentation/drawn_pictures.h"
 
 namespace TabulonLib12::GuiTest {
 namespace {
@@ -153,6 +154,15 @@ TEST_F(PictureScale, MouseIconHotSpotBecomesTheCursorsHotSpot) {
     EXPECT_EQ(CursorForPointer(Pointer::Custom, icon, ElementKind::CellGrid).hotSpot(), QPoint(31, 0));
     icon->hotSpot.reset();  // none: the centre, as before
     EXPECT_EQ(CursorForPointer(Pointer::Custom, icon, ElementKind::CellGrid).hotSpot(), QPoint(16, 16));
+}
+
+TEST_F(PictureScale, DrawnHandAsMouseIconPointsWithItsFingerTip) {
+    const Picture hand = HandPointer();
+    const QCursor cursor = CursorForPointer(Pointer::Custom, hand, ElementKind::CellGrid);
+    EXPECT_EQ(cursor.shape(), Qt::BitmapCursor);
+    EXPECT_EQ(cursor.pixmap().size(), QSize(32, 32));
+    EXPECT_EQ(cursor.hotSpot(), QPoint(hand->hotSpot->x, hand->hotSpot->y));
+    EXPECT_GT(qAlpha(cursor.pixmap().toImage().pixel(cursor.hotSpot())), 200);
 }
 
 TEST_F(PictureScale, ElementWithAMouseIconAndHotSpotShowsItAsItsCursor) {
