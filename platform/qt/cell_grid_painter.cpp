@@ -130,12 +130,9 @@ void ElementPainter::DrawGrid(QPainter& p, const CellGrid& g, const QRect& r) {
             p.fillRect(cell, ToQColor(v.back));
 
             if (v.picture && *v.picture && !inner.isEmpty()) {
-                const QImage& picture = pictures_.Get(*v.picture);
-                if (!picture.isNull()) {
-                    const QPoint at = PicturePosition(v.pictureAlignment, picture.size(), inner);
-                    const QRect target = QRect(at, picture.size()).intersected(inner);
-                    if (!target.isEmpty()) p.drawImage(target, picture, target.translated(-at));
-                }
+                const QImage& picture = pictures_.Get(*v.picture, PainterPixelRatio(p));
+                if (!picture.isNull())
+                    DrawPicture(p, picture, PicturePosition(v.pictureAlignment, PictureSize(picture), inner), inner);
             }
             if (v.text && !v.text->empty()) {
                 const QRect textRect = inner.adjusted(kTextPadding, 0, -kTextPadding, 0);

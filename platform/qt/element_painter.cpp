@@ -31,14 +31,6 @@ QColor TextColour(const Element& e) {
     return e.IsActive() ? ToQColor(e.ForeColor()) : ToQColor(SystemColour::GrayText);
 }
 
-// The picture at its natural size with its top-left corner at `at`, clipped to `within`.
-void DrawPictureAt(QPainter& p, const QImage& image, const QPoint& at, const QRect& within) {
-    if (image.isNull()) return;
-    const QRect target = QRect(at, image.size()).intersected(within);
-    if (target.isEmpty()) return;
-    p.drawImage(target, image, target.translated(-at));
-}
-
 }  // namespace
 
 QRect PixelRect(const Element& element) {
@@ -109,13 +101,13 @@ void ElementPainter::PaintLabel(QPainter& p, const Label& e, const QRect& r) {
 }
 
 void ElementPainter::PaintImage(QPainter& p, const ImageElement& e, const QRect& r) {
-    const QImage& image = pictures_.Get(e.GetPicture());
+    const QImage& image = pictures_.Get(e.GetPicture(), PainterPixelRatio(p));
     if (image.isNull()) return;
     if (e.Stretch()) {
         p.setRenderHint(QPainter::SmoothPixmapTransform);
         p.drawImage(r, image);
     } else {
-        DrawPictureAt(p, image, r.topLeft(), r);
+        DrawPicture(p, image, r.topLeft(), r);
     }
 }
 
@@ -155,7 +147,7 @@ void ElementPainter::PaintPictureBox(QPainter& p, const PictureBox& e, const QRe
     FillRect(p, r, e.BackColor());
     const bool border = e.BorderStyle() == 1;
     const QRect inside = border ? r.adjusted(1, 1, -1, -1) : r;
-    DrawPictureAt(p, pictures_.Get(e.GetPicture()), inside.topLeft(), inside);
+    DrawPicture(p, pictures_.Get(e.GetPicture(), PainterPixelRatio(p)), inside.topLeft(), inside);
     if (border) Outline(p, r, ToQColor(SystemColour::WindowFrame));
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPixmap>
+#include <algorithm>
 
 #include "platform/qt/hand_pointer.h"
 #include "platform/qt/qt_graphics.h"
@@ -29,7 +30,15 @@ QCursor CursorForPointer(int16_t pointer, const Picture& icon, ElementKind kind)
         case 99: {
             if (icon) {
                 const QImage image = ToQImage(*icon);
-                if (!image.isNull()) return QCursor(QPixmap::fromImage(image), image.width() / 2, image.height() / 2);
+                if (!image.isNull()) {
+                    // The picture's own hot spot (kept inside it), or its centre.
+                    int x = image.width() / 2, y = image.height() / 2;
+                    if (icon->hotSpot) {
+                        x = std::clamp(icon->hotSpot->x, 0, image.width() - 1);
+                        y = std::clamp(icon->hotSpot->y, 0, image.height() - 1);
+                    }
+                    return QCursor(QPixmap::fromImage(image), x, y);
+                }
             }
             return HandPointerCursor();
         }

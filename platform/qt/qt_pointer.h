@@ -10,8 +10,9 @@
 namespace TabulonLib12 {
 
 // The cursor of a MousePointer code over an element of `kind`. 99 takes `icon` (hot spot at
-// its centre) or, without one, our drawn hand; 0 is the element's own default: the I-beam over
-// a text box, the arrow elsewhere.
+// the picture's own Image::hotSpot, or at its centre when it has none) or, without an icon, the
+// hand drawn with Qt in hand_pointer.cpp; 0 is the element's own default: the I-beam over a
+// text box, the arrow elsewhere.
 QCursor CursorForPointer(int16_t pointer, const Picture& icon, ElementKind kind);
 
 // Holds one entry on Qt's override-cursor stack while the pointer is not 0: 11 the wait cursor,
