@@ -135,7 +135,7 @@ void Tabulon12::setCols(int16_t New_Cols) {
     s.columns.Resize(New_Cols);
     s.MatriceRighe.ResizeColumns(New_Cols);
     s.PropertyChanged("Cols");
-    s.bands.ScaricaElementiColonna();
+    s.ScaricaElementiColonna();
     s.CaricaStruttura();
 }
 

@@ -119,7 +119,7 @@ void Tabulon12::Impl::LoadFrom(Database& db, bool openedHere, Steps& steps) {
         VS1.setMin(0);
         VS1.setMax(MatriceRighe.RowBound() - minRows);
     });
-    bands.DisponiImmaginiColonna();
+    bands.DisponiImmaginiColonna(Cols);
     steps.Clear();
     ColoraSfondoRighe();
     if (RighePiene < FG1.Rows()) steps([&] { SetScrollValue(VS1.Min()); });

@@ -31,10 +31,7 @@ TABULON_COMPONENT_SETTING(ColonnaColore, int16_t, painter)
 TABULON_COMPONENT_SETTING(BackColorSelected, Colour, painter)
 TABULON_COMPONENT_SETTING(IperTextColor, Colour, painter)
 TABULON_COMPONENT_SETTING(SelezioneMultiplaImmediata, bool, selection)
-TABULON_COMPONENT_SETTING(VerticalGrid, bool, bands)
 TABULON_COMPONENT_SETTING(WheelStatus, bool, keys)
-TABULON_COMPONENT_SETTING(StileTesta, StileTestaType, band)
-TABULON_COMPONENT_SETTING(StileTestaOver, StileTestaType, band)
 TABULON_COMPONENT_SETTING(StileArrow, ColorArrowType, band)
 TABULON_COMPONENT_SETTING(ForeColorOrd, Colour, sort)
 #undef TABULON_COMPONENT_SETTING
@@ -148,16 +145,42 @@ void Tabulon12::setGridColor(Colour New_GridColor) {
     impl_->PropertyChanged("GridColor");
 }
 
-Colour Tabulon12::VerticalGridColor() const {
-    Colour c = 0;
-    Steps steps;
-    steps([&] { c = impl_->bands.VerticalGridColor(); });
-    return c;
-}
+Colour Tabulon12::VerticalGridColor() const { return impl_->bands.VerticalGridColor(); }
+// A line not built yet fails the write with error 340, after the lines before it took the colour.
 void Tabulon12::setVerticalGridColor(Colour New_VerticalGridColor) {
-    Steps steps;
-    steps([&] { impl_->bands.setVerticalGridColor(New_VerticalGridColor, impl_->Cols); });
+    impl_->bands.setVerticalGridColor(New_VerticalGridColor, impl_->Cols);
     impl_->PropertyChanged("VerticalGridColor");
+}
+
+bool Tabulon12::VerticalGrid() const { return impl_->bands.VerticalGrid(); }
+// A line not built yet fails the write with error 340, after the switch is stored.
+void Tabulon12::setVerticalGrid(bool New_VerticalGrid) {
+    impl_->bands.setVerticalGrid(New_VerticalGrid, impl_->Cols);
+    impl_->PropertyChanged("VerticalGrid");
+}
+
+StileTestaType Tabulon12::StileTesta() const { return impl_->band.StileTesta(); }
+// A style without a texture (50, say) fails with error 340 after it is stored, and notifies nobody.
+void Tabulon12::setStileTesta(StileTestaType New_StileTesta) {
+    impl_->band.setStileTesta(New_StileTesta);
+    impl_->PropertyChanged("StileTesta");
+}
+
+StileTestaType Tabulon12::StileTestaOver() const { return impl_->band.StileTestaOver(); }
+void Tabulon12::setStileTestaOver(StileTestaType New_StileTestaOver) {
+    impl_->band.setStileTestaOver(New_StileTestaOver);
+    impl_->PropertyChanged("StileTestaOver");
+}
+
+void Tabulon12::setCustomPictureStyle(Picture New_CustomPictureStyle) {
+    impl_->pictures.setCustomStyle(New_CustomPictureStyle);
+    impl_->band.CustomTextureChanged(New_CustomPictureStyle);
+}
+void Tabulon12::setCustomPicArrowUp(Picture New_CustomPicArrowUp) {
+    impl_->pictures.setCustomArrowUp(std::move(New_CustomPicArrowUp));
+}
+void Tabulon12::setCustomPicArrowDown(Picture New_CustomPicArrowDown) {
+    impl_->pictures.setCustomArrowDown(std::move(New_CustomPicArrowDown));
 }
 
 Font Tabulon12::GetFont() const { return impl_->FG1.GetFont(); }

@@ -16,10 +16,15 @@ void Tabulon12::Impl::SetHeadingCaption(int16_t column, const std::string& capti
 
 void Tabulon12::Impl::BuildBand() {
     band.DisponiSfondiTesta();
-    band.DisponiTestate();
+    band.DisponiTestate(Cols, chooser.ColonneScelte());
+    bands.DisponiLinee(Cols);
 }
 
-void Tabulon12::Impl::PlaceColumnPictures() { bands.DisponiImmaginiColonna(); }
+void Tabulon12::Impl::PlaceColumnPictures() { bands.DisponiImmaginiColonna(Cols); }
+
+void Tabulon12::Impl::ScaricaElementiColonna() { bands.ScaricaElementiColonna(band.UnloadCaptions()); }
+
+Picture Tabulon12::Impl::Texture(int16_t style) const { return pictures.Style(style); }
 
 void Tabulon12::Impl::RefreshImageList() {
     if (!ImageLista.empty()) imageList.Set(TrovaImageList(ImageLista));

@@ -129,18 +129,28 @@ public:
     void setConsentiSceltaColonne(bool New_ConsentiSceltaColonne);
     bool AdattamentoColonneDisattivato() const;
     void setAdattamentoColonneDisattivato(bool New_AdattamentoColonneDisattivato);
+    // Shows the vertical lines: line i (at the left edge of column i) when MostraBarraVert(i - 1)
+    // holds. A write before the lines are built fails with a subscript error, the value stored.
     bool VerticalGrid() const;
     void setVerticalGrid(bool New_VerticalGrid);
     bool IperTextEnabled() const;
     void setIperTextEnabled(bool New_IperTextEnabled);
     bool WheelStatus() const;
     void setWheelStatus(bool New_WheelStatus);
+    // The texture of every heading tile. A value without a texture fails with a subscript error
+    // after it is stored, and notifies nobody.
     StileTestaType StileTesta() const;
     void setStileTesta(StileTestaType New_StileTesta);
+    // The texture of the hovered heading; Scheda shows a tab in BackColorTopScheda instead.
     StileTestaType StileTestaOver() const;
     void setStileTestaOver(StileTestaType New_StileTestaOver);
+    // The colour of the sort arrow, taken at the next sort click.
     ColorArrowType StileArrow() const;
     void setStileArrow(ColorArrowType New_StileArrow);
+    // The host's own pictures for the Custom texture and arrows; not saved with the design.
+    void setCustomPictureStyle(Picture New_CustomPictureStyle);
+    void setCustomPicArrowUp(Picture New_CustomPicArrowUp);
+    void setCustomPicArrowDown(Picture New_CustomPicArrowDown);
 
     // --- Colours and font ---
     Colour BackColor() const;  // the surface's back colour
@@ -169,6 +179,8 @@ public:
     void setColorGridHead(Colour New_ColorGridHead);
     Colour GridColor() const;
     void setGridColor(Colour New_GridColor);
+    // The colour of the vertical lines, held by line 0; a write before the lines are built fails
+    // with a subscript error at the first line missing.
     Colour VerticalGridColor() const;
     void setVerticalGridColor(Colour New_VerticalGridColor);
     Colour IperTextColor() const;

@@ -30,7 +30,7 @@
 
 namespace TabulonLib12 {
 
-struct Tabulon12::Impl final : StructureLayout::Neighbours, Selection::RowColours {
+struct Tabulon12::Impl final : StructureLayout::Neighbours, Selection::RowColours, HeadingBand::Textures {
     Impl(const HostServices& host, const TextMetrics& metrics, TimerService& timers);
     ~Impl() override;
 
@@ -103,6 +103,12 @@ struct Tabulon12::Impl final : StructureLayout::Neighbours, Selection::RowColour
     void ColoraRiga(int32_t riga, bool def, Colour colore) override;
     void ColoraSfondoRighe() override;
     Colour BackColorSelected() const override;
+
+    // --- the band's textures: the picture library's ---
+    Picture Texture(int16_t style) const override;
+
+    // --- the items of the columns' own elements, removed before a change of Cols ---
+    void ScaricaElementiColonna();
 
     // --- the structure's neighbours ---
     void SetHeadingCaption(int16_t column, const std::string& caption) override;

@@ -2,6 +2,8 @@
 // instance is created and where it stands until the first build or resize moves it.
 #include "presentation/composition.h"
 
+#include "presentation/drawn_pictures.h"
+
 namespace TabulonLib12 {
 
 namespace {
@@ -37,6 +39,7 @@ ControlElements ComposeControl(Surface& s) {
     e.ImageTools->setBorderStyle(0);
     e.ImageTools->setForeColor(SystemColour::WindowText);
     e.ImageTools->setToolTipText("Scelta colonne da visualizzare");
+    e.ImageTools->setPicture(ChooserButton());
 
     e.PictureTTT = &s.CreatePictureBox("PictureTTT");
     e.PictureTTT->Move(2055, 7380, 2310, 285);
@@ -81,6 +84,7 @@ ControlElements ComposeControl(Surface& s) {
     e.FG1->setGridLines(1);
     e.FG1->setGridLinesFixed(2);
     e.FG1->setFont(Font{"Arial", 8.25f});
+    e.FG1->setMouseIcon(HandPointer());  // shown over hyperlink cells (pointer 99)
 
     e.TextKey = &s.CreateTextBox("TextKey");
     e.TextKey->Move(1500, 585, 2235, 315);
@@ -103,8 +107,12 @@ ControlElements ComposeControl(Surface& s) {
     e.ImageZ = &s.CreateImage("ImageZ", e.Shape2);
     e.ImageZ->setStretch(true);
     e.ImageZ->setVisible(false);
+    e.ImageZ->Move(0, 0, 0, 330);
+    e.ImageZ->setPicture(BandTexture(StileTestaType::Scheda));
     auto& tile = s.CreateImage("Image1", e.Shape2);
     tile.setStretch(true);
+    tile.Move(0, 0, 0, 330);
+    tile.setPicture(BandTexture(StileTestaType::Green));
     e.Image1 = &tile;
     e.ImageOrd = &s.CreateImage("ImageOrd", e.Shape2);
     e.ImageOrd->Move(0, 0, 300, 345);
