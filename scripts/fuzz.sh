@@ -17,6 +17,7 @@ if ((${#targets[@]} == 0)); then
   targets=(fuzz_numeric fuzz_date fuzz_format)
 fi
 dir=${FUZZ_BUILD_DIR:-$root/build/fuzz}
+"$root/scripts/setup.sh" --fuzz
 
 if [ ! -f "$dir/build.ninja" ]; then
   CC=clang CXX=clang++ cmake -S "$root" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTABULON_FUZZ=ON
