@@ -3,10 +3,7 @@
 #include "platform/host/property_bag.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
-#include <limits>
-#include <system_error>
 
 #include "platform/runtime/conversions.h"
 #include "platform/runtime/error.h"
@@ -43,17 +40,6 @@ double AsNumber(const PropertyValue& v) {
         if (auto n = ParseNumber(*s, CurrentSettings())) return *n;
     }
     throw Error::TypeMismatch();
-}
-
-// The double with the shortest decimal digits that give back `value` as a Single, so that a
-// Single reads as the text it was written with (0.1f as "0.1", not "0.100000001490116").
-double ShortestSingle(float value) {
-    if (!std::isfinite(value)) return value;
-    char digits[64];
-    const auto written = std::to_chars(digits, digits + sizeof digits, value);
-    double out = value;
-    if (written.ec == std::errc()) std::from_chars(digits, written.ptr, out);
-    return out;
 }
 
 }  // namespace
@@ -116,14 +102,7 @@ bool PropertyBag::ReadBool(const std::string& key, bool defaultValue) const {
 }
 
 float PropertyBag::ReadSingle(const std::string& key, float defaultValue) const {
-    const double n = AsNumber(ReadProperty(key, defaultValue));
-    if (std::isnan(n) || std::isinf(n)) return static_cast<float>(n);
-    // Beyond the largest Single by more than half a step, the nearest Single is an infinity.
-    constexpr double kLimit = 340282356779733661637539395458142568448.0;  // 2^128 - 2^103
-    if (std::fabs(n) >= kLimit) throw Error::Overflow();
-    const double largest = std::numeric_limits<float>::max();
-    if (std::fabs(n) > largest) return static_cast<float>(std::copysign(largest, n));
-    return static_cast<float>(n);
+    return ToSingle(AsNumber(ReadProperty(key, defaultValue)));
 }
 
 double PropertyBag::ReadDouble(const std::string& key, double defaultValue) const {
@@ -134,7 +113,7 @@ std::string PropertyBag::ReadText(const std::string& key, const std::string& def
     const PropertyValue v = ReadProperty(key, defaultValue);
     if (auto s = std::get_if<std::string>(&v)) return *s;
     if (auto b = std::get_if<bool>(&v)) return *b ? "True" : "False";
-    if (auto f = std::get_if<float>(&v)) return NumberToText(ShortestSingle(*f), CurrentSettings());
+    if (auto f = std::get_if<float>(&v)) return NumberToText(SingleAsDouble(*f), CurrentSettings());
     if (auto n = NumericValue(v)) return NumberToText(*n, CurrentSettings());
     throw Error::TypeMismatch();  // a font
 }
