@@ -91,7 +91,8 @@ public:
 
 private:
     void OnlyMembers(const Json& object, std::initializer_list<std::string_view> known, const std::string& where) const;
-    std::string NonEmptyText(const Json& object, std::string_view member, const std::string& where) const;
+    std::string NonEmptyText(const Json& object, std::string_view member, const std::string& label,
+                             const std::string& where) const;
     FormControl Control(const Json& entry, size_t position) const;
     PropertyValue Property(const Json& entry, const std::string& control, const std::string& key) const;
     int64_t Whole(const Json& v, PropertyKind kind, int64_t low, int64_t high, const std::string& where) const;
@@ -165,11 +166,11 @@ void Reader::OnlyMembers(const Json& object, std::initializer_list<std::string_v
     }
 }
 
-std::string Reader::NonEmptyText(const Json& object, std::string_view member, const std::string& where) const {
+std::string Reader::NonEmptyText(const Json& object, std::string_view member, const std::string& label,
+                                 const std::string& where) const {
     auto it = object.find(member);
     if (it == object.end() || !it->is_string() || it->get_ref<const std::string&>().empty()) {
-        Structure(where + " has no " + std::string(member) + " (\"" + std::string(member) +
-                  "\" must be a text that is not empty)");
+        Structure(where + " has no " + label + " (\"" + std::string(member) + "\" must be a text that is not empty)");
     }
     return it->get<std::string>();
 }
@@ -199,7 +200,7 @@ FormFile Reader::Form(const Json& root) const {
     }
 
     OnlyMembers(root, {"format", "version", "form", "controls"}, "the form");
-    FormFile form(NonEmptyText(root, "form", "the form"));
+    FormFile form(NonEmptyText(root, "form", "form name", "it"));
 
     auto controls = root.find("controls");
     if (controls == root.end() || !controls->is_array()) Structure("it has no list of \"controls\"");
@@ -216,10 +217,10 @@ FormFile Reader::Form(const Json& root) const {
 FormControl Reader::Control(const Json& entry, size_t position) const {
     const std::string counted = "control " + std::to_string(position) + " (counting from 1)";
     if (!entry.is_object()) Structure(counted + " is " + Describe(entry) + ", not an object");
-    const std::string name = NonEmptyText(entry, "name", counted);
+    const std::string name = NonEmptyText(entry, "name", "name", counted);
     const std::string where = Place(name);
     OnlyMembers(entry, {"name", "type", "properties"}, where);
-    const std::string type = NonEmptyText(entry, "type", where);
+    const std::string type = NonEmptyText(entry, "type", "type", where);
 
     auto properties = entry.find("properties");
     if (properties == entry.end() || !properties->is_object()) Structure(where + " has no \"properties\" object");

@@ -117,9 +117,9 @@ TEST_F(FormFileErrors, AMemberThisVersionDoesNotKnowIsRefused) {
 }
 
 TEST_F(FormFileErrors, TheFormNeedsANameAndAListOfControls) {
-    ExpectLoadFailure(R"({"format": "tabulon12-form", "version": 1, "controls": []})", kFile, 321, {"the form has no form"});
+    ExpectLoadFailure(R"({"format": "tabulon12-form", "version": 1, "controls": []})", kFile, 321, {"it has no form name (\"form\" must be a text that is not empty)"});
     ExpectLoadFailure(R"({"format": "tabulon12-form", "version": 1, "form": "", "controls": []})", kFile, 321,
-                      {"the form has no form"});
+                      {"it has no form name (\"form\" must be a text that is not empty)"});
     ExpectLoadFailure(R"({"format": "tabulon12-form", "version": 1, "form": "F"})", kFile, 321,
                       {"it has no list of \"controls\""});
     ExpectLoadFailure(R"({"format": "tabulon12-form", "version": 1, "form": "F", "controls": {}})", kFile, 321,
