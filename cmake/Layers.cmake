@@ -1,7 +1,7 @@
 # The one-way stack of the project's libraries, declared once. Each row: the library, its
 # folder, the project libraries it may use (link and include), and the outside libraries it may
-# link (Qt, SQLite, PostgreSQL). Anything else fails the configuration: a link to a library not
-# in its row, or a source of its folder that includes a header of a folder not in its row.
+# link (Qt, SQLite, PostgreSQL, JSON). Anything else fails the configuration: a link to a library
+# not in its row, or a source of its folder that includes a header of a folder not in its row.
 # Hosts (apps/), tests and benchmarks sit above the stack and may use any of it.
 #
 #   library              folder              may use                                         outside
@@ -17,6 +17,7 @@ set(TABULON_LAYERS
   "tabulon_grid          grid                tabulon_runtime,tabulon_db                      -"
   "tabulon_presentation  presentation        tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_scrollbar,tabulon_grid -"
   "tabulon_control       control             tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_scrollbar,tabulon_grid,tabulon_presentation -"
+  "tabulon_persistence   persistence         tabulon_runtime,tabulon_ui,tabulon_host         JSON"
   "tabulon_widgets       widgets             tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_qt,tabulon_sqlite,tabulon_postgres,tabulon_scrollbar,tabulon_grid,tabulon_control Qt"
   "tabulon_test_support  tests/support       tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_scrollbar,tabulon_grid,tabulon_presentation,tabulon_control -"
 )
@@ -25,6 +26,7 @@ set(TABULON_LAYERS
 set(TABULON_OUTSIDE_Qt "^Qt[0-9]*::")
 set(TABULON_OUTSIDE_SQLite "^SQLite::|^sqlite3$")
 set(TABULON_OUTSIDE_PostgreSQL "^PostgreSQL::|(^|[/:])pq$")
+set(TABULON_OUTSIDE_JSON "^nlohmann_json::nlohmann_json$")
 
 # Reads one row of the table into <prefix>_LIBRARY, _FOLDER, _USES (a list), _OUTSIDE (a list).
 function(_tabulon_layer_row row prefix)

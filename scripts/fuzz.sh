@@ -14,9 +14,10 @@ max_len=${2:-4096}
 shift $(( $# < 2 ? $# : 2 ))
 targets=("$@")
 if ((${#targets[@]} == 0)); then
-  targets=(fuzz_numeric fuzz_date fuzz_format)
+  targets=(fuzz_numeric fuzz_date fuzz_format fuzz_form_file)
 fi
 dir=${FUZZ_BUILD_DIR:-$root/build/fuzz}
+"$root/scripts/setup.sh" --fuzz
 
 if [ ! -f "$dir/build.ninja" ]; then
   CC=clang CXX=clang++ cmake -S "$root" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTABULON_FUZZ=ON
@@ -50,9 +51,10 @@ for target in "${targets[@]}"; do
   corpora=("$corpus" "$root/fuzz/corpus/$target")
   options=(-max_total_time="$seconds" -max_len="$max_len" -timeout=60 -rss_limit_mb=4096
            -print_final_stats=1 -artifact_prefix="$dir/artifacts/$target-")
-  if [ "$target" = fuzz_format ]; then
-    options+=(-dict="$root/fuzz/format.dict")
-  fi
+  case "$target" in
+    fuzz_format) options+=(-dict="$root/fuzz/format.dict") ;;
+    fuzz_form_file) options+=(-dict="$root/fuzz/form_file.dict") ;;
+  esac
   if ((max_len > 65536)); then
     # Long inputs from the start: the seeds grown to a megabyte, no slow growth of lengths, and
     # the targets' long-input mode, which grows every input to a megabyte (fuzz/fuzz_common.h).

@@ -165,9 +165,9 @@ void Scorrix::ReadProperties(const PropertyBag& bag) {
     Impl& s = *impl_;
     s.Enabled = bag.ReadBool("Enabled", kDefaultEnabled);
     s.Corpo->setEnabled(s.Enabled);
-    s.Max = bag.ReadInt("Max", kDefaultMax);
-    s.Min = bag.ReadInt("Min", kDefaultMin);
-    s.Value = bag.ReadInt("Value", kDefaultValue);
+    s.Max = bag.ReadInt32("Max", kDefaultMax);
+    s.Min = bag.ReadInt32("Min", kDefaultMin);
+    s.Value = bag.ReadInt32("Value", kDefaultValue);
 }
 
 void Scorrix::WriteProperties(PropertyBag& bag) const {

@@ -148,4 +148,33 @@ int16_t ToInt16(double value) { return ToWhole<int16_t>(value); }
 
 int32_t ToInt32(double value) { return ToWhole<int32_t>(value); }
 
+float ToSingle(double value) {
+    if (std::isnan(value) || std::isinf(value)) {
+        return static_cast<float>(value);
+    }
+    // 2^128 - 2^103: half a step beyond the largest Single, where rounding reaches infinity.
+    constexpr double kInfinityFrom = 340282356779733661637539395458142568448.0;
+    if (std::fabs(value) >= kInfinityFrom) {
+        throw Error::Overflow();
+    }
+    const double largest = std::numeric_limits<float>::max();
+    if (std::fabs(value) > largest) {
+        return static_cast<float>(std::copysign(largest, value));
+    }
+    return static_cast<float>(value);
+}
+
+double SingleAsDouble(float value) {
+    if (std::isnan(value) || std::isinf(value)) {
+        return value;
+    }
+    std::array<char, 64> buffer{};
+    const auto [end, ec] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    double out = value;
+    if (ec == std::errc()) {
+        std::from_chars(buffer.data(), end, out);
+    }
+    return out;
+}
+
 }  // namespace TabulonLib12

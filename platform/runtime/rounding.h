@@ -18,4 +18,14 @@ double RoundHalfEven(double value, int decimals);
 int16_t ToInt16(double value);
 int32_t ToInt32(double value);
 
+// The nearest Single (float), ties to even. A value so far beyond the largest Single that its
+// nearest is an infinity (half a step past it or more) throws Error::Overflow(); one closer rounds
+// to the largest Single. NaN and infinities are returned as they are.
+float ToSingle(double value);
+
+// The double of the shortest decimal digits that read back as the same Single: 0.1f gives the
+// double 0.1, not 0.100000001490116. Shown or saved this way, a Single keeps the digits it was
+// written with. NaN and infinities are returned as they are.
+double SingleAsDouble(float value);
+
 }  // namespace TabulonLib12

@@ -13,6 +13,10 @@ std::string LowerAscii(std::string_view text);
 bool EqualsInsensitive(std::string_view a, std::string_view b);
 bool StartsWithInsensitive(std::string_view text, std::string_view prefix);
 
+// Whether the bytes are well-formed UTF-8: no stray continuation byte, no overlong form, no
+// surrogate, nothing beyond U+10FFFF, no sequence cut short.
+bool IsValidUtf8(std::string_view text);
+
 // Calls `piece(text)` for every piece of `list` between separators, in order, empty pieces
 // included; an empty list is one empty piece. Stops early when `piece` answers true, and then
 // answers true itself.

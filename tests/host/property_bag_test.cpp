@@ -8,7 +8,7 @@ namespace {
 
 TEST(PropertyBag, AnAbsentKeyReadsAsTheGivenDefault) {
     MemoryPropertyBag bag;
-    EXPECT_EQ(bag.ReadInt("Cols", 1), 1);
+    EXPECT_EQ(bag.ReadInt32("Cols", 1), 1);
     EXPECT_EQ(bag.ReadText("QueryString", "x"), "x");
     EXPECT_TRUE(bag.ReadBool("MultiSel", true));
 }
@@ -19,7 +19,7 @@ TEST(PropertyBag, AValueEqualToTheWriteDefaultIsLeftOut) {
     EXPECT_FALSE(bag.Has("Cols"));
     bag.WriteProperty("Cols", int32_t{4}, int32_t{1});
     EXPECT_TRUE(bag.Has("Cols"));
-    EXPECT_EQ(bag.ReadInt("Cols", 1), 4);
+    EXPECT_EQ(bag.ReadInt32("Cols", 1), 4);
     bag.WriteProperty("Cols", int32_t{1}, int32_t{1});
     EXPECT_FALSE(bag.Has("Cols"));
 }
@@ -27,7 +27,7 @@ TEST(PropertyBag, AValueEqualToTheWriteDefaultIsLeftOut) {
 TEST(PropertyBag, DifferentDefaultsForWriteAndReadChangeTheValue) {
     MemoryPropertyBag bag;
     bag.WriteProperty("ForeColorOrd", int32_t{0xFF8080}, int32_t{0xFF8080});
-    EXPECT_EQ(bag.ReadInt("ForeColorOrd", 0xFF), 0xFF);
+    EXPECT_EQ(bag.ReadInt32("ForeColorOrd", 0xFF), 0xFF);
 }
 
 TEST(PropertyBag, TypedReadsConvertWhereTheyCan) {
@@ -36,14 +36,14 @@ TEST(PropertyBag, TypedReadsConvertWhereTheyCan) {
     bag.Set("b", int32_t{-1});
     bag.Set("t", true);
     bag.Set("f", Font{"Arial", 9.0f});
-    EXPECT_EQ(bag.ReadInt("n", 0), 12);
+    EXPECT_EQ(bag.ReadInt32("n", 0), 12);
     EXPECT_TRUE(bag.ReadBool("b", false));
-    EXPECT_EQ(bag.ReadInt("t", 0), -1);
+    EXPECT_EQ(bag.ReadInt32("t", 0), -1);
     EXPECT_EQ(bag.ReadText("b", ""), "-1");
     EXPECT_EQ(bag.ReadFont("f", Font{}).size, 9.0f);
     EXPECT_THROW((void)bag.ReadFont("n", Font{}), Error);
     bag.Set("x", std::string("abc"));
-    EXPECT_THROW((void)bag.ReadInt("x", 0), Error);
+    EXPECT_THROW((void)bag.ReadInt32("x", 0), Error);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include "platform/runtime/error.h"
@@ -168,6 +169,46 @@ TEST(ToInt16, ValuesThatRoundOutOfRangeOverflow) {
 TEST(ToInt32, ValuesThatRoundOutOfRangeOverflow) {
     for (double v : {2147483647.5, 2147483648.0, -2147483648.51, -2147483649.0, 1e19, kInf, -kInf, kNaN}) {
         ExpectOverflow(ToInt32, v);
+    }
+}
+
+TEST(ToSingle, RoundsToTheNearestSingle) {
+    EXPECT_EQ(ToSingle(0.1), 0.1f);
+    EXPECT_EQ(ToSingle(-8.25), -8.25f);
+    EXPECT_EQ(ToSingle(1e-50), 0.0f);
+    EXPECT_TRUE(std::isnan(ToSingle(kNaN)));
+    EXPECT_EQ(ToSingle(kInf), std::numeric_limits<float>::infinity());
+}
+
+TEST(ToSingle, JustBeyondTheLargestSingleRoundsToIt) {
+    const float largest = std::numeric_limits<float>::max();
+    EXPECT_EQ(ToSingle(3.4028235e38), largest);  // the shortest digits of the largest Single
+    EXPECT_EQ(ToSingle(-3.4028235e38), -largest);
+    EXPECT_EQ(ToSingle(3.4028235677973362e38), largest);  // just under half a step beyond
+}
+
+TEST(ToSingle, HalfAStepBeyondTheLargestSingleOverflows) {
+    for (double v : {3.4028235677973366e38, 3.5e38, -1e39, 1e300}) {
+        ExpectOverflow(ToSingle, v);
+    }
+}
+
+TEST(SingleAsDouble, GivesTheShortestDigitsOfTheSingle) {
+    EXPECT_EQ(SingleAsDouble(0.1f), 0.1);
+    EXPECT_EQ(SingleAsDouble(8.25f), 8.25);
+    EXPECT_EQ(SingleAsDouble(-1e10f), -1e10);
+    EXPECT_EQ(SingleAsDouble(std::numeric_limits<float>::max()), 3.4028235e38);
+    EXPECT_EQ(SingleAsDouble(std::numeric_limits<float>::denorm_min()), 1e-45);
+    EXPECT_TRUE(std::isnan(SingleAsDouble(std::numeric_limits<float>::quiet_NaN())));
+}
+
+TEST(SingleAsDouble, ReadsBackAsTheSameSingle) {
+    // Every 997th bit pattern of the finite positive Singles, and their negatives.
+    for (uint32_t bits = 0; bits < 0x7F800000u; bits += 997u * 4099u) {
+        float f;
+        std::memcpy(&f, &bits, sizeof f);
+        EXPECT_EQ(ToSingle(SingleAsDouble(f)), f) << bits;
+        EXPECT_EQ(ToSingle(SingleAsDouble(-f)), -f) << bits;
     }
 }
 

@@ -47,5 +47,23 @@ TEST(Text, ForEachPieceStopsWhenAskedTo) {
     EXPECT_EQ(seen, 2);
 }
 
+TEST(Text, IsValidUtf8AcceptsWellFormedSequences) {
+    EXPECT_TRUE(IsValidUtf8(""));
+    EXPECT_TRUE(IsValidUtf8("plain"));
+    EXPECT_TRUE(IsValidUtf8("citt\xC3\xA0 \xE2\x82\xAC \xF0\x9F\x98\x80"));  // à, the euro sign, an emoji
+    EXPECT_TRUE(IsValidUtf8("\xF4\x8F\xBF\xBF"));                                  // U+10FFFF
+    EXPECT_TRUE(IsValidUtf8(std::string_view("a\0b", 3)));
+}
+
+TEST(Text, IsValidUtf8RefusesMalformedSequences) {
+    EXPECT_FALSE(IsValidUtf8("\x80"));              // a stray continuation byte
+    EXPECT_FALSE(IsValidUtf8("\xC0\xAF"));          // an overlong '/'
+    EXPECT_FALSE(IsValidUtf8("\xE0\x80\xAF"));      // an overlong '/' in three bytes
+    EXPECT_FALSE(IsValidUtf8("\xED\xA0\x80"));      // a surrogate
+    EXPECT_FALSE(IsValidUtf8("\xF4\x90\x80\x80"));  // beyond U+10FFFF
+    EXPECT_FALSE(IsValidUtf8("abc\xE2\x82"));       // cut short
+    EXPECT_FALSE(IsValidUtf8("\xFF"));
+}
+
 }  // namespace
 }  // namespace TabulonLib12

@@ -151,9 +151,9 @@ TEST_F(Properties, ExtremeValuesSurviveTheStore) {
     bar.ReadProperties(bag);
     MemoryPropertyBag saved;
     bar.WriteProperties(saved);
-    EXPECT_EQ(saved.ReadInt("Max", 100), std::numeric_limits<int32_t>::min());
-    EXPECT_EQ(saved.ReadInt("Min", 0), std::numeric_limits<int32_t>::max());
-    EXPECT_EQ(saved.ReadInt("Value", 0), std::numeric_limits<int32_t>::max());
+    EXPECT_EQ(saved.ReadInt32("Max", 100), std::numeric_limits<int32_t>::min());
+    EXPECT_EQ(saved.ReadInt32("Min", 0), std::numeric_limits<int32_t>::max());
+    EXPECT_EQ(saved.ReadInt32("Value", 0), std::numeric_limits<int32_t>::max());
 }
 
 TEST_F(Properties, ValueOfAWrongKindFailsWithTypeMismatch) {
