@@ -138,8 +138,16 @@ ControlElements ComposeControl(Surface& s) {
     e.Shape1->Move(5415, 0, 8670, 7485);
     e.Shape1->setBorderColor(0xCEAB8E);
 
-    // The cell surface stands in front of the text box that keeps the focus.
-    e.FG1->ZOrder(0);
+    // The design lists each container's elements from the front to the back: the scroll bar in
+    // front of everything, the cell surface in front of the key box and the measuring label, the
+    // lines over the grid, the captions over the tiles, the outline behind all. Bringing each
+    // to the front from the last to the first leaves them in that order.
+    Element* frontToBack[] = {&e.VS1->Corpo(), e.FrameSceltaColonne, e.ImageTools, e.PictureTTT, e.FrameLine,
+                                    e.FrameImmagini, e.FG1, e.TextKey, e.Shape2, e.LabelTOT, e.LabelCount,
+                                    e.LblMisuraTitolo, e.LabelMisTxt, e.Shape1};
+    Element* bandFrontToBack[] = {e.LabelTopSk, e.PicCol, e.LabelMenu, e.ImageZ, e.Image1, e.ImageOrd};
+    for (auto it = std::rbegin(frontToBack); it != std::rend(frontToBack); ++it) (*it)->ZOrder(0);
+    for (auto it = std::rbegin(bandFrontToBack); it != std::rend(bandFrontToBack); ++it) (*it)->ZOrder(0);
     return e;
 }
 

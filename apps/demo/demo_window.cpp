@@ -29,7 +29,7 @@ constexpr ColumnDesign kColumns[] = {
     {"Data", "order_date", "Data", 1400, 2},
     {"Quantità", "quantity", "Numerico", 1200, 1},
     {"Importo", "amount", "Valuta", 1800, 1},
-    {"Pagato", "paid", "Nessuno", 1000, 2},
+    {"", "paid", "Nessuno", 1000, 2},  // headed by its picture, whose tooltip names it
     {"Colore", "colour", "Nessuno", 0, 0},
 };
 constexpr int16_t kQuantityColumn = 4;
@@ -106,6 +106,9 @@ void DemoWindow::Load() {
     c.setImageLista("ImmaginiStato");
     c.setImmagineA(kPaidColumn, 1);
     c.setImmagineB(kPaidColumn, 2);
+    c.setToolTT(kPaidColumn, "Pagato");
+    c.setStileTesta(StileTestaType::Ice);
+    c.setStileTestaOver(StileTestaType::Sky);
     c.setColonnaColore(kColourColumn);
     c.setMostraTotCol(kQuantityColumn, 1);
     c.setMostraTotCol(kAmountColumn, 1);
