@@ -66,7 +66,7 @@ const std::array<BandLook, 9> kBandLooks = {{
     {StileTestaType::Scheda,
      {{{0, OpaqueRgb(250, 243, 218)}, {0.45, OpaqueRgb(248, 240, 212)}, {0.6, OpaqueRgb(247, 238, 208)},
        {1, OpaqueRgb(244, 233, 198)}}},
-     OpaqueRgb(255, 252, 240), OpaqueRgb(0, 0, 0), true, OpaqueRgb(160, 148, 120)},
+     OpaqueRgb(255, 252, 240), OpaqueRgb(0, 0, 0), true, OpaqueRgb(186, 172, 140)},
 }};
 
 std::vector<ColourStop> Stops(const std::array<ColourStop, 4>& stops) { return {stops.begin(), stops.end()}; }

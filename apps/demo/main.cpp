@@ -3,6 +3,8 @@
 //   tabulon_demo --screenshot FILE   writes the window as a PNG file and exits
 //   tabulon_demo --database NAME     reads the orders from another database with the sample's
 //                                    schema: a SQLite file or a postgresql:// URI
+//   tabulon_demo --styles FILE       writes a sheet of the ten heading styles, one small list
+//                                    each, as a PNG file and exits
 // A database whose orders cannot be read ends the program with a message on standard error
 // (in a window, after a message box) and exit code 1; a bad argument ends it with code 2.
 #include <QApplication>
@@ -14,6 +16,7 @@
 #include <string>
 
 #include "demo_window.h"
+#include "style_sheet.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/screenshot.h"
 #include "platform/runtime/error.h"
@@ -34,7 +37,7 @@ bool HasDisplay() {
 }
 
 int Usage() {
-    std::fprintf(stderr, "usage: tabulon_demo [--screenshot FILE] [--database NAME]\n");
+    std::fprintf(stderr, "usage: tabulon_demo [--screenshot FILE] [--database NAME] [--styles FILE]\n");
     return 2;
 }
 
@@ -47,26 +50,47 @@ int CannotRead(QWidget& window, bool windowed, const std::string& database, cons
     return 1;
 }
 
+// Writes the sheet of heading styles to `path`; answers the exit code.
+int WriteStyleSheet(const std::string& database, const std::string& path) {
+    TabulonLib12::Demo::StyleSheet sheet(database);
+    sheet.adjustSize();
+    sheet.show();
+    QApplication::processEvents();
+    try {
+        TabulonLib12::SaveWidgetPng(sheet, path);
+    } catch (const TabulonLib12::Error& e) {
+        std::fprintf(stderr, "Style sheet not written to %s: %s\n", path.c_str(), e.description().c_str());
+        return 1;
+    }
+    const QString where = QFileInfo(QString::fromStdString(path)).absoluteFilePath();
+    std::printf("Style sheet written to %s\n", where.toLocal8Bit().constData());
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     std::string screenshot;
+    std::string styles;
     std::string database = TABULON_SAMPLE_DB;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--screenshot") == 0 && i + 1 < argc) screenshot = argv[++i];
         else if (std::strcmp(argv[i], "--database") == 0 && i + 1 < argc) database = argv[++i];
+        else if (std::strcmp(argv[i], "--styles") == 0 && i + 1 < argc) styles = argv[++i];
         else return Usage();
     }
     if (!HasDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        if (screenshot.empty()) screenshot = kDefaultScreenshot;
+        if (screenshot.empty() && styles.empty()) screenshot = kDefaultScreenshot;
     }
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tabulon12 demo"));
     // A platform chosen by the caller may have no display either: nobody could close the window.
     if (TabulonLib12::QtMessageBox::Headless() && screenshot.empty()) screenshot = kDefaultScreenshot;
+
+    if (!styles.empty()) return WriteStyleSheet(database, styles);
 
     TabulonLib12::Demo::DemoWindow window(database);
     const bool windowed = screenshot.empty();
