@@ -1,13 +1,15 @@
 // A step of dragging the edge of a form with a 40-column list on Qt's offscreen platform: the
 // control's widget made 4 pixels wider or narrower, which lays the control out again (columns
-// scaled, band, lines, bar, totals) and paints it once, against a QTableView with 40 sections
-// in a stretching header resized the same way and repainted, in the same run.
+// scaled, band rebuilt, lines, bar, totals) and paints it once, against two QTableViews of 40
+// columns resized the same way and repainted in the same run: one whose header stretches its
+// sections, one whose 40 sections are given the control's new widths.
 #include <QApplication>
 #include <QHeaderView>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <cstdio>
 #include <cstdlib>
+#include <vector>
 
 #include "bench_support.h"
 #include "control_rig.h"
@@ -24,6 +26,7 @@ constexpr int kColumns = 40;
 constexpr int kRows = 30;
 constexpr int64_t kRecords = 1000;
 constexpr int kWidth = 1040, kStep = 4;
+constexpr int kHeight = 560;  // every widget of the run: room for 30 rows and the band
 
 // Forty columns over the mixed table, its ten fields four times, the numbers totalled.
 void DefineFortyColumns(Tabulon12& control) {
@@ -46,7 +49,7 @@ void ControlResizeStep(benchmark::State& state) {
     ControlRig rig(kRecords, kRows, &metrics, &timers);
     DefineFortyColumns(*rig.control);
     SurfaceWidget widget(rig.control->Superficie());
-    const int height = 23 + (kRows + 3) * Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel;
+    const int height = kHeight;
     widget.resize(kWidth, height);
     widget.show();
     rig.control->Carica();
@@ -78,7 +81,7 @@ void TableViewResizeStep(benchmark::State& state) {
     view.verticalHeader()->hide();
     view.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     view.verticalHeader()->setDefaultSectionSize(Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel);
-    const int height = 23 + (kRows + 3) * view.verticalHeader()->defaultSectionSize();
+    const int height = kHeight;
     view.resize(kWidth, height);
     view.show();
     QApplication::processEvents();
@@ -86,6 +89,55 @@ void TableViewResizeStep(benchmark::State& state) {
     for (auto _ : state) {
         narrow = !narrow;
         view.resize(narrow ? kWidth - kStep : kWidth, height);
+        view.repaint();
+    }
+    state.counters["cols"] = kColumns;
+}
+
+// The control's column widths in pixels at the two widths of the drag.
+std::vector<int> ControlWidthsAt(int width) {
+    QtTextMetrics metrics;
+    QtTimerService timers;
+    ControlRig rig(kRecords, kRows, &metrics, &timers);
+    DefineFortyColumns(*rig.control);
+    SurfaceWidget widget(rig.control->Superficie());
+    widget.resize(kWidth, kHeight);
+    widget.show();
+    QApplication::processEvents();
+    widget.resize(width, kHeight);
+    QApplication::processEvents();
+    std::vector<int> widths;
+    for (int c = 0; c < kColumns; ++c) widths.push_back(Tabulon12Probe::Of(*rig.control).FG1.ColWidth(c) / TwipsPerPixel);
+    return widths;
+}
+
+void TableViewSectionsStep(benchmark::State& state) {
+    const std::vector<int> wide = ControlWidthsAt(kWidth), narrow = ControlWidthsAt(kWidth - kStep);
+    QtTextMetrics metrics;
+    QtTimerService timers;
+    ControlRig rig(kRecords, kRows, &metrics, &timers);
+    DefineFortyColumns(*rig.control);
+    rig.control->Carica();
+    const auto& store = Tabulon12Probe::Of(*rig.control).MatriceRighe;
+    QStandardItemModel model(kRows, kColumns);
+    for (int r = 0; r < kRows; ++r)
+        for (int c = 0; c < kColumns; ++c)
+            model.setItem(r, c, new QStandardItem(QString::fromUtf8(store.Cell(r, c).data(),
+                                                                    static_cast<int>(store.Cell(r, c).size()))));
+    QTableView view;
+    view.setModel(&model);
+    view.verticalHeader()->hide();
+    view.verticalHeader()->setDefaultSectionSize(Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel);
+    const int height = kHeight;
+    view.resize(kWidth, height);
+    view.show();
+    QApplication::processEvents();
+    bool isNarrow = false;
+    for (auto _ : state) {
+        isNarrow = !isNarrow;
+        const std::vector<int>& widths = isNarrow ? narrow : wide;
+        view.resize(isNarrow ? kWidth - kStep : kWidth, height);
+        for (int c = 0; c < kColumns; ++c) view.horizontalHeader()->resizeSection(c, widths[static_cast<size_t>(c)]);
         view.repaint();
     }
     state.counters["cols"] = kColumns;
@@ -99,6 +151,7 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     benchmark::RegisterBenchmark("ControlResizeStep", ControlResizeStep)->Unit(benchmark::kMicrosecond)->Repetitions(5);
     benchmark::RegisterBenchmark("TableViewResizeStep", TableViewResizeStep)->Unit(benchmark::kMicrosecond)->Repetitions(5);
+    benchmark::RegisterBenchmark("TableViewSectionsStep", TableViewSectionsStep)->Unit(benchmark::kMicrosecond)->Repetitions(5);
     KeepingReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     auto& t = reporter.seconds;
@@ -106,6 +159,10 @@ int main(int argc, char** argv) {
         std::printf("\nresize-drag step of 40 columns, control / QTableView: %.2f (%.1f us / %.1f us)\n",
                     t["ControlResizeStep"] / t["TableViewResizeStep"], t["ControlResizeStep"] * 1e6,
                     t["TableViewResizeStep"] * 1e6);
+    if (t.count("ControlResizeStep") && t.count("TableViewSectionsStep"))
+        std::printf("width change of 40 columns, control / QTableView given the same widths: %.2f (%.1f us / %.1f us)\n",
+                    t["ControlResizeStep"] / t["TableViewSectionsStep"], t["ControlResizeStep"] * 1e6,
+                    t["TableViewSectionsStep"] * 1e6);
     benchmark::Shutdown();
     return 0;
 }
