@@ -74,6 +74,8 @@ void Tabulon12::setColsWidth(int16_t Index, int16_t New_ColsWidth) {
     s.PropertyChanged("ColsWidth");
 }
 
+int16_t Tabulon12::ColsWidthMemorizzata(int16_t Index) const { return ColumnValue(impl_->columns.ColsWidth, Index); }
+
 int16_t Tabulon12::ColsWidthEff(int16_t Index) const {
     auto& s = *impl_;
     const int16_t stored = ColumnValue(s.columns.ColsWidth, Index);

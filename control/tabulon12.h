@@ -45,6 +45,9 @@ public:
     // The stored width when the column is shown on the surface, 0 for a hidden column.
     int16_t ColsWidth(int16_t Index) const;
     void setColsWidth(int16_t Index, int16_t New_ColsWidth);
+    // The designed width as stored, whether or not the surface shows the column (0 for a
+    // missing Index): what the design page edits.
+    int16_t ColsWidthMemorizzata(int16_t Index) const;
     // The stored width scaled by the adaptation factor of the columns.
     int16_t ColsWidthEff(int16_t Index) const;
     // 0 left, 1 right, 2 centred. The read fails with a subscript error for a bad Index.
