@@ -14,12 +14,13 @@ Tabulon12::Impl::Impl(const HostServices& host_, const TextMetrics& metrics, Tim
       selection(FG1, VS1, MatriceRighe, *this),
       structure(surface, FG1, VS1, *elements.Shape1, columns, *this, host_.containedControls),
       band(*elements.Shape2, *elements.Image1, *elements.LabelMenu, *elements.ImageZ, *elements.LabelTopSk,
-           *elements.ImageOrd, FG1, VS1, columns, *this),
+           *elements.ImageOrd, *elements.LblMisuraTitolo, FG1, VS1, columns, *this),
       bands(*elements.FrameLine, *elements.PicCol, FG1, columns, imageList),
       totals(*elements.LabelTOT, *elements.LabelCount, FG1, columns, TotaliColonna),
       chooser(*elements.ImageTools, *elements.FrameSceltaColonne, *elements.CheckScelta),
-      mouse(*elements.PictureTTT, *elements.LabelTTT, *elements.LabelMisTxt),
-      keys(*elements.TextKey),
+      mouse(*elements.PictureTTT, *elements.LabelTTT, *elements.LabelMisTxt, FG1, VS1, MatriceRighe, columns, imageList,
+            events, *this),
+      keys(*elements.TextKey, FG1, VS1, events, *this),
       pictures(*elements.ImageStyle, *elements.ImageUP, *elements.ImageDown) {
     VS1.onChange = [this] { ReazioneCambioVS1(); };
     VS1.onGoDown = [this] { events.Raise([](Tabulon12Events& e) { e.GoDown(); }); };

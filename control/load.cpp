@@ -63,7 +63,7 @@ void Tabulon12::Impl::Carica(bool soloRefresh) {
             UltimaQueryCaricata = QueryCaricamento;
         }
         steps.Clear();
-        QueryEffettiva = AssembleQuery(QueryCaricamento, sort.CampoOrdinamentoAttivo(), sort.OrdinamentoDiscendente());
+        QueryEffettiva = AssembleQuery(QueryCaricamento, band.CampoOrdinamentoAttivo(), band.OrdinamentoDiscendente());
 
         bool openedHere = false;
         if (!BaseDati) {

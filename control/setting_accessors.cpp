@@ -33,7 +33,7 @@ TABULON_COMPONENT_SETTING(IperTextColor, Colour, painter)
 TABULON_COMPONENT_SETTING(SelezioneMultiplaImmediata, bool, selection)
 TABULON_COMPONENT_SETTING(WheelStatus, bool, keys)
 TABULON_COMPONENT_SETTING(StileArrow, ColorArrowType, band)
-TABULON_COMPONENT_SETTING(ForeColorOrd, Colour, sort)
+TABULON_COMPONENT_SETTING(ForeColorOrd, Colour, band)
 #undef TABULON_COMPONENT_SETTING
 #undef TABULON_HOST_SETTING
 
@@ -218,7 +218,9 @@ void Tabulon12::setBaseDati(std::shared_ptr<Database> vTabDB) { impl_->BaseDati 
 std::string Tabulon12::QueryEffettiva() const { return impl_->QueryEffettiva; }
 int32_t Tabulon12::RighePiene() const { return impl_->RighePiene; }
 int32_t Tabulon12::Rows() const { return impl_->MatriceRighe.RowBound(); }
-int16_t Tabulon12::IndiceordinamentoAttivo() const { return impl_->sort.IndiceordinamentoAttivo(); }
+int16_t Tabulon12::IndiceordinamentoAttivo() const { return impl_->band.IndiceordinamentoAttivo(); }
+
+void Tabulon12::OrdinaColonna(int16_t Index) { impl_->band.Click(Index); }
 int32_t Tabulon12::IndiceSelezionato() const { return impl_->selection.IndiceSelezionato(); }
 int32_t Tabulon12::DeltaWidth() const { return impl_->structure.DeltaWidth(); }
 

@@ -25,6 +25,9 @@ void Tabulon12::Impl::PlaceColumnPictures() { bands.DisponiImmaginiColonna(Cols)
 void Tabulon12::Impl::ScaricaElementiColonna() { bands.ScaricaElementiColonna(band.UnloadCaptions()); }
 
 Picture Tabulon12::Impl::Texture(int16_t style) const { return pictures.Style(style); }
+Picture Tabulon12::Impl::ArrowUp(int16_t colour) const { return pictures.ArrowUp(colour); }
+Picture Tabulon12::Impl::ArrowDown(int16_t colour) const { return pictures.ArrowDown(colour); }
+void Tabulon12::Impl::ReloadSorted() { Carica(true); }
 
 void Tabulon12::Impl::RefreshImageList() {
     if (!ImageLista.empty()) imageList.Set(TrovaImageList(ImageLista));

@@ -218,7 +218,12 @@ public:
     std::string QueryEffettiva() const;
     int32_t RighePiene() const;
     int32_t Rows() const;  // upper row bound of the row store
+    // The column of the active heading sort, -1 for none.
     int16_t IndiceordinamentoAttivo() const;
+    // Sorts by the heading of column Index exactly as a click on it: ascending, descending and
+    // no sort in turn, reloading the list each time. A heading without an Ordinamento does
+    // nothing; an Index outside the columns fails with a subscript error.
+    void OrdinaColonna(int16_t Index);
     int32_t IndiceSelezionato() const;
     // The designed width minus the present width of the control, as the last column fitting found it.
     int32_t DeltaWidth() const;
@@ -267,6 +272,16 @@ public:
     // The keys of the picked records in store order, or the selected key without MultiSel.
     std::string ListaIndiciSel() const;
     void setSelRow(int16_t New_SelRow);  // one-based grid row; 0 does nothing
+
+    // --- The mouse over the cells ---
+    // Hit tests at the last position of the mouse over the surface: the column under it counted
+    // from 1 (0 left of the first, Cols past the last), the row counted from 1 (the last grid
+    // row answers like the one above it), and the grid row counted from 0 (the last gives 0).
+    int16_t ColonnaSelezionata() const;
+    int16_t RigaSorvolata() const;
+    int16_t RigaCliccata() const;
+    // Whether the cell of store index RigaRif and column ColonnaRif shows a picture.
+    bool CellaConImmagine(int16_t RigaRif, int16_t ColonnaRif) const;
 
     // --- Structure ---
     // Sizes the cell surface from the column definitions and the control's size.

@@ -18,7 +18,6 @@
 #include "presentation/column_chooser.h"
 #include "presentation/composition.h"
 #include "presentation/heading_band.h"
-#include "presentation/heading_sort.h"
 #include "presentation/image_list.h"
 #include "presentation/keys_wheel.h"
 #include "presentation/mouse_layer.h"
@@ -30,7 +29,11 @@
 
 namespace TabulonLib12 {
 
-struct Tabulon12::Impl final : StructureLayout::Neighbours, Selection::RowColours, HeadingBand::Textures {
+struct Tabulon12::Impl final : StructureLayout::Neighbours,
+                               Selection::RowColours,
+                               HeadingBand::Neighbours,
+                               MouseLayer::Neighbours,
+                               KeysAndWheel::Neighbours {
     Impl(const HostServices& host, const TextMetrics& metrics, TimerService& timers);
     ~Impl() override;
 
@@ -74,7 +77,6 @@ struct Tabulon12::Impl final : StructureLayout::Neighbours, Selection::RowColour
     ColumnBands bands;
     TotalsAndCount totals;
     ColumnChooser chooser;
-    HeadingSort sort;
     MouseLayer mouse;
     KeysAndWheel keys;
     PictureLibrary pictures;
@@ -104,8 +106,23 @@ struct Tabulon12::Impl final : StructureLayout::Neighbours, Selection::RowColour
     void ColoraSfondoRighe() override;
     Colour BackColorSelected() const override;
 
-    // --- the band's textures: the picture library's ---
+    // --- the band's pictures: the picture library's; its sort reloads the list ---
     Picture Texture(int16_t style) const override;
+    Picture ArrowUp(int16_t colour) const override;
+    Picture ArrowDown(int16_t colour) const override;
+    void ReloadSorted() override;
+
+    // --- the mouse layer's neighbours: the guard of the load, the band, the selection, the keys ---
+    bool Loading() const override { return CaricamentoInCorso; }
+    void GridTookTheHover() override;
+    void SelezionaRiga(int32_t riga) override;
+    void SelezionaRigaMS(int32_t riga, bool nonDeselezionare) override;
+    bool MultiSel() const override;
+    bool SelezioneMultiplaImmediata() const override;
+    void SetCurrentRow(int32_t riga, int32_t indiceRigaAttiva, int32_t indiceSelezionato) override;
+    int32_t IndiceSelezionato() const override;
+    int32_t IndiceRigaAttiva() const override;
+    void FocusKeys() override;
 
     // --- the items of the columns' own elements, removed before a change of Cols ---
     void ScaricaElementiColonna();

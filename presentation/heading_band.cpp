@@ -9,18 +9,24 @@
 namespace TabulonLib12 {
 
 HeadingBand::HeadingBand(Frame& shape2, ImageElement& image1, Label& labelMenu, ImageElement& imageZ,
-                         Label& labelTopSk, ImageElement& imageOrd, const CellGrid& fg, const Scorrix& bar,
-                         const ColumnDefinitions& columns, const Textures& textures)
+                         Label& labelTopSk, ImageElement& imageOrd, Label& lblMisuraTitolo, const CellGrid& fg,
+                         const Scorrix& bar, const ColumnDefinitions& columns, Neighbours& neighbours)
     : shape2_(shape2),
       image1_(image1),
       labelMenu_(labelMenu),
       imageZ_(imageZ),
       labelTopSk_(labelTopSk),
       imageOrd_(imageOrd),
+      lblMisuraTitolo_(lblMisuraTitolo),
       fg_(fg),
       bar_(bar),
       columns_(columns),
-      textures_(textures) {}
+      neighbours_(neighbours) {
+    // Every caption takes the clicks and the hover of its heading: the handlers of item 0 go
+    // with every copy.
+    labelMenu.onClick = [this](Element& caption) { Click(caption.Index()); };
+    labelMenu.onMouseMove = [this](Element& caption, int16_t&, int16_t&, float&, float&) { Hover(caption.Index()); };
+}
 
 void HeadingBand::SetCaption(int16_t column, const std::string& caption) { labelMenu_(column).setCaption(caption); }
 void HeadingBand::SetEnabled(bool enabled) { shape2_.setEnabled(enabled); }
@@ -36,13 +42,13 @@ int32_t HeadingBand::UnloadCaptions() {
 
 void HeadingBand::setStileTesta(StileTestaType v) {
     stileTesta_ = v;
-    const Picture texture = textures_.Texture(static_cast<int16_t>(v));
+    const Picture texture = neighbours_.Texture(static_cast<int16_t>(v));
     for (auto& [index, tile] : image1_.Items()) tile->setPicture(texture);
 }
 
 void HeadingBand::setStileTestaOver(StileTestaType v) {
     stileTestaOver_ = v;
-    imageZ_.setPicture(textures_.Texture(v == StileTestaType::Scheda ? 0 : static_cast<int16_t>(v)));
+    imageZ_.setPicture(neighbours_.Texture(v == StileTestaType::Scheda ? 0 : static_cast<int16_t>(v)));
 }
 
 void HeadingBand::CustomTextureChanged(const Picture& picture) {

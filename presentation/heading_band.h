@@ -7,12 +7,18 @@
 // those elements and the band's look: the styles, the band's colour, the captions' colour, and
 // the heading last clicked and last hovered, by which the hover tile and the arrow stand.
 //
+// A click on a sortable heading sorts the list through the query (heading_band_sort.cpp): the
+// band keeps the ORDER BY term and its direction, walks ascending, descending and no sort, and
+// has the list loaded again. The direction lives in the arrow itself, as its picture and
+// tooltip: a click decides by reading them back.
+//
 // The builds run step by step and rely on it: creating an item that exists fails, the failure
 // is dropped and the item is reused. Items above the new last column are left where they were
 // (the tile after the last column becomes the filler); the tiles are never unloaded.
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "grid/column_properties.h"
 #include "grid/enumerations.h"
@@ -22,19 +28,26 @@
 
 namespace TabulonLib12 {
 
+inline constexpr std::string_view kAscendingTip = "Ordinamento Crescente";
+inline constexpr std::string_view kDescendingTip = "Ordinamento Decrescente";
+
 class HeadingBand {
 public:
-    // Where the band takes its textures: the picture library's item of a style value, failing
-    // with error 340 for a value without an item.
-    class Textures {
+    // What the band asks of its neighbours: the picture library's textures and arrows (each
+    // failing with error 340 for a value without an item), and a reload of the list in the
+    // sort's new order.
+    class Neighbours {
     public:
-        virtual ~Textures() = default;
+        virtual ~Neighbours() = default;
         virtual Picture Texture(int16_t style) const = 0;
+        virtual Picture ArrowUp(int16_t colour) const = 0;
+        virtual Picture ArrowDown(int16_t colour) const = 0;
+        virtual void ReloadSorted() = 0;
     };
 
     HeadingBand(Frame& shape2, ImageElement& image1, Label& labelMenu, ImageElement& imageZ, Label& labelTopSk,
-                ImageElement& imageOrd, const CellGrid& fg, const Scorrix& bar, const ColumnDefinitions& columns,
-                const Textures& textures);
+                ImageElement& imageOrd, Label& lblMisuraTitolo, const CellGrid& fg, const Scorrix& bar,
+                const ColumnDefinitions& columns, Neighbours& neighbours);
 
     // The caption of column `column`; a heading that does not exist fails with error 340.
     void SetCaption(int16_t column, const std::string& caption);
@@ -80,18 +93,48 @@ public:
     // the tab and the arrow follow the heading last clicked.
     void DisponiTestate(int16_t cols, std::string_view columnChoice);
 
+    // --- Sorting by heading ---
+    const std::string& CampoOrdinamentoAttivo() const { return campoOrdinamento_; }
+    bool OrdinamentoDiscendente() const { return discendente_; }
+    int16_t IndiceordinamentoAttivo() const { return indiceOrdinamento_; }
+    // Sets the term the load puts behind " ORDER BY " (empty: no sort), and its direction.
+    void SetOrder(const std::string& term, bool descending) {
+        campoOrdinamento_ = term;
+        discendente_ = descending;
+    }
+    Colour ForeColorOrd() const { return foreColorOrd_; }
+    void setForeColorOrd(Colour c) { foreColorOrd_ = c; }
+    // The click on heading `k`, as the user's or the host's: a heading without an Ordinamento
+    // does nothing; otherwise the hover look moves to it and the sort walks on: none or another
+    // column ascending, ascending descending, descending none (from a descending sort a click
+    // anywhere removes it first), and the list is loaded again. A `k` outside the columns fails
+    // with a subscript error before anything changes.
+    void Click(int16_t k);
+    // The mouse over heading `k`: a sortable heading takes the hover look while no arrow shows.
+    void Hover(int16_t k);
+    // The mouse went over the grid: the hover tile goes, and a hovered heading whose tile is
+    // hidden without an arrow shows its tile again.
+    void GridTookTheHover();
+
 private:
     friend struct Tabulon12Probe;  // the tests' window on the private state
+    // Steps 4 to 8 of a click: the hover look on heading k.
+    void PlaceHoverOn(int16_t k);
+    // Sets the arrow for heading k (or, with `reset`, takes the sort away from it); answers the
+    // sort term and " DESC" or "" for the direction, both empty without a sort.
+    std::pair<std::string, std::string> ImpostaFrecciaOrdine(int16_t k, bool reset);
+
     Frame& shape2_;
     ControlArray<ImageElement> image1_;
     ControlArray<Label> labelMenu_;
     ImageElement& imageZ_;
     Label& labelTopSk_;
     ImageElement& imageOrd_;
+    Label& lblMisuraTitolo_;
     const CellGrid& fg_;
     const Scorrix& bar_;
     const ColumnDefinitions& columns_;
-    const Textures& textures_;
+    Neighbours& neighbours_;
     StileTestaType stileTesta_ = StileTestaType::Ice;
     StileTestaType stileTestaOver_ = StileTestaType::Sky;
     ColorArrowType stileArrow_ = ColorArrowType::Blue;
@@ -99,6 +142,10 @@ private:
     Colour foreColorHead_ = 0;
     int16_t ultimaTestaCliccata_ = -1;  // the heading of the last click on a sortable heading
     int16_t testaSorvolata_ = 0;        // the heading last under the mouse; -1 once the grid took the hover
+    std::string campoOrdinamento_;      // the ORDER BY term of the sort, "" for none
+    bool discendente_ = false;
+    int16_t indiceOrdinamento_ = -1;    // the column of the active sort, -1 for none
+    Colour foreColorOrd_ = 0x0000FF;    // the caption colour of the active sort column
 };
 
 }  // namespace TabulonLib12

@@ -1,7 +1,57 @@
 #include "presentation/keys_wheel.h"
 
+#include "platform/runtime/error.h"
+
 namespace TabulonLib12 {
 
-KeysAndWheel::KeysAndWheel(TextBox& textKey) : textKey_(textKey) {}
+namespace {
+
+// The scroll bar's value moved by one, as 32-bit arithmetic does: beyond its range it overflows.
+int32_t Stepped(int32_t value, int32_t step) {
+    const int64_t v = static_cast<int64_t>(value) + step;
+    if (v > INT32_MAX || v < INT32_MIN) throw Error::Overflow();
+    return static_cast<int32_t>(v);
+}
+
+}  // namespace
+
+KeysAndWheel::KeysAndWheel(TextBox& textKey, const CellGrid& fg, Scorrix& bar, HostEvents& events,
+                           Neighbours& neighbours)
+    : textKey_(textKey), fg_(fg), bar_(bar), events_(events), neighbours_(neighbours) {
+    textKey.onKeyDown = [this](Element&, int16_t& key, int16_t& shift) { KeyDown(key, shift); };
+    textKey.onKeyPress = [this](Element&, int16_t& ascii) {
+        events_.Raise([&](Tabulon12Events& e) { e.KeyPress(ascii); });
+    };
+    textKey.onKeyUp = [this](Element&, int16_t& key, int16_t& shift) {
+        events_.Raise([&](Tabulon12Events& e) { e.KeyUp(key, shift); });
+    };
+}
+
+void KeysAndWheel::Focus() { textKey_.SetFocus(); }
+
+void KeysAndWheel::KeyDown(int16_t keyCode, int16_t shift) {
+    if (keyCode == kKeyDown) {
+        if (fg_.Row() == fg_.Rows() - 1) {
+            // On the last row the records pass under the selection: the bar clamps at its end,
+            // and the row is selected again.
+            int32_t value = Stepped(bar_.Value(), 1);
+            bar_.setValue(value);
+            neighbours_.SelezionaRiga(fg_.Row());
+        } else {
+            neighbours_.SelezionaRiga(fg_.Row() + 1);
+        }
+    } else if (keyCode == kKeyUp) {
+        if (fg_.Row() == 0) {
+            int32_t value = Stepped(bar_.Value(), -1);
+            bar_.setValue(value);
+            neighbours_.SelezionaRiga(0);
+        } else {
+            neighbours_.SelezionaRiga(fg_.Row() - 1);
+        }
+    }
+    // The host sees the key after the move; what it does to the arguments changes nothing here.
+    int16_t key = keyCode, state = shift;
+    events_.Raise([&](Tabulon12Events& e) { e.KeyDown(key, state); });
+}
 
 }  // namespace TabulonLib12

@@ -39,6 +39,13 @@ public:
 
     // A load forgets the selection: no selected key, no active row, no anchor.
     void ForgetForLoad();
+    // The selection as the surface or a click left it: the current grid row, the active record
+    // and the selected key.
+    void SetCurrentRow(int32_t riga, int32_t indiceRigaAttiva, int32_t indiceSelezionato) {
+        rigaCorrente_ = riga;
+        indiceRigaAttiva_ = indiceRigaAttiva;
+        indiceSelezionato_ = indiceSelezionato;
+    }
 
     // Makes grid row `riga` the single selection; a row past the surface changes nothing.
     void SelezionaRiga(int32_t riga);

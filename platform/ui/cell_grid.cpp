@@ -521,6 +521,7 @@ void CellGrid::SelectCell(int32_t row, int32_t col, bool extend) {
 
 void CellGrid::HandleMouseDown(int16_t button, int16_t shift, float x, float y) {
     Surface::DispatchScope scope(Owner());
+    InputScope input(*this);
     UpdateMouseCell(x, y);
     if (button == MouseButton::Left && mouseRow_ >= 0 && mouseCol_ >= 0 && !IsFixed(mouseRow_, mouseCol_)) {
         dragging_ = true;
@@ -531,6 +532,7 @@ void CellGrid::HandleMouseDown(int16_t button, int16_t shift, float x, float y) 
 
 void CellGrid::HandleMouseMove(int16_t button, int16_t shift, float x, float y) {
     Surface::DispatchScope scope(Owner());
+    InputScope input(*this);
     UpdateMouseCell(x, y);
     if (dragging_ && (button & MouseButton::Left) && rows_ > fixedRows_ && cols_ > fixedCols_ && row_ >= 0 &&
         col_ >= 0) {
@@ -551,6 +553,7 @@ void CellGrid::HandleMouseMove(int16_t button, int16_t shift, float x, float y) 
 
 void CellGrid::HandleMouseUp(int16_t button, int16_t shift, float x, float y) {
     Surface::DispatchScope scope(Owner());
+    InputScope input(*this);
     UpdateMouseCell(x, y);
     if (button & MouseButton::Left) dragging_ = false;
     Element::HandleMouseUp(button, shift, x, y);
@@ -558,6 +561,7 @@ void CellGrid::HandleMouseUp(int16_t button, int16_t shift, float x, float y) {
 
 void CellGrid::HandleKeyDown(int16_t keyCode, int16_t shift) {
     Surface::DispatchScope scope(Owner());
+    InputScope input(*this);
     if (rows_ > fixedRows_ && cols_ > fixedCols_ && row_ >= 0 && col_ >= 0) {
         const bool ctrl = (shift & ShiftState::Ctrl) != 0;
         int32_t r = row_, c = col_;

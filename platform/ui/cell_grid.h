@@ -164,6 +164,9 @@ public:
     bool CanFocus() const override { return true; }
 
     std::function<void(CellGrid&)> onSelChange, onEnterCell, onLeaveCell, onRowColChange;
+    // True while the grid handles the user's own mouse or key input, so that a handler can tell
+    // a change the user made from one made by code.
+    bool HandlingInput() const { return inputDepth_ > 0; }
 
     // A left press on a non-fixed cell makes it current (events as for Row/Col), then the
     // MouseDown event follows. Free mode collapses the selection (with Shift it extends it
@@ -222,6 +225,15 @@ private:
     int16_t gridLines_ = 1, gridLinesFixed_ = 2;
     int32_t mouseRow_ = -1, mouseCol_ = -1;
     bool dragging_ = false;  // a left press on a cell is being dragged
+    int inputDepth_ = 0;     // nesting of the input handlers running
+    // Counts an input handler for HandlingInput while it runs.
+    struct InputScope {
+        explicit InputScope(CellGrid& grid) : grid_(grid) { ++grid_.inputDepth_; }
+        ~InputScope() { --grid_.inputDepth_; }
+        InputScope(const InputScope&) = delete;
+        InputScope& operator=(const InputScope&) = delete;
+        CellGrid& grid_;
+    };
 };
 
 }  // namespace TabulonLib12

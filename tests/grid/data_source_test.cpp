@@ -151,12 +151,12 @@ TEST_F(DataSourceTest, EmptyImageListaNotifiesWithoutSearching) {
 TEST_F(DataSourceTest, QueryEffettivaAfterAHeadingSortEndsInOrderByAndDesc) {
     LoadNumbered(3);
     EXPECT_EQ(control->QueryEffettiva(), "SELECT id, name, amount FROM t ORDER BY id");
-    S().sort.SetOrder("amount", false);
+    S().band.SetOrder("amount", false);
     control->Carica(true);
     EXPECT_EQ(control->QueryEffettiva(), "SELECT id, name, amount FROM t ORDER BY id ORDER BY amount");
     EXPECT_EQ(control->RighePiene(), 0);  // the engine refuses the second ORDER BY: an empty list
     control->setQueryString("SELECT id, name, amount FROM t");
-    S().sort.SetOrder("amount", true);
+    S().band.SetOrder("amount", true);
     control->Carica(true);
     EXPECT_EQ(control->QueryEffettiva(), "SELECT id, name, amount FROM t ORDER BY amount DESC");
     EXPECT_EQ(control->QueryString(), "SELECT id, name, amount FROM t");

@@ -29,7 +29,8 @@ TEST_F(SelectionTest, SelezionaRigaHighlightsTheWholeRowAndKeepsTheKey) {
     EXPECT_EQ(control->IndiceSelezionato(), 14);
     EXPECT_EQ(S().selection.IndiceRigaAttiva(), 13);
     EXPECT_EQ(S().selection.RigaCorrente(), 3);
-    EXPECT_TRUE(FG1().HasFocus());
+    // The surface took the focus and passed it on to the key box at once.
+    EXPECT_TRUE(S().elements.TextKey->HasFocus());
 }
 
 TEST_F(SelectionTest, SelezionaRigaOnePastTheSurfaceChangesNothing) {

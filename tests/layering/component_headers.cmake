@@ -24,7 +24,9 @@ foreach(source IN LISTS sources)
       continue()
     endif()
     get_filename_component(stem ${header} NAME_WE)
-    if(where STREQUAL "presentation/${stem}.cpp" OR where STREQUAL "presentation/${stem}.h")
+    # A component's own sources: its .cpp, and further ones named after it (heading_band_sort.cpp).
+    if(where STREQUAL "presentation/${stem}.cpp" OR where STREQUAL "presentation/${stem}.h"
+       OR where MATCHES "^presentation/${stem}_[a-z_]+\\.cpp$")
       continue()
     endif()
     message(SEND_ERROR "${where} includes the component header presentation/${header}")

@@ -261,7 +261,7 @@ TEST_P(LoadOnBothEngines, CellsHoldTheEngineTextUnderTheSystemSettings) {
 
 TEST_P(LoadOnBothEngines, AHeadingSortReloadsWithTheOrderExpression) {
     rig_.LoadNumbered(3);
-    S().sort.SetOrder("amount", true);
+    S().band.SetOrder("amount", true);
     control().setQueryString("SELECT id, name, amount FROM t");
     control().Carica(true);
     EXPECT_EQ(control().QueryEffettiva(), "SELECT id, name, amount FROM t ORDER BY amount DESC");
