@@ -71,6 +71,56 @@ private:
     std::vector<std::unique_ptr<Child>> items_;
 };
 
+// Every event of the control: first the host's handler, then the signal, with the same
+// arguments, so that what one changes the other sees.
+class Tabulon12Widget::EventRelay final : public Tabulon12Events {
+public:
+    explicit EventRelay(Tabulon12Widget& w) : w_(w) {}
+
+    void KeyDown(int16_t& k, int16_t& s) override { Relay(&Tabulon12Events::KeyDown, &Tabulon12Widget::KeyDown, k, s); }
+    void KeyPress(int16_t& k) override { Relay(&Tabulon12Events::KeyPress, &Tabulon12Widget::KeyPress, k); }
+    void KeyUp(int16_t& k, int16_t& s) override { Relay(&Tabulon12Events::KeyUp, &Tabulon12Widget::KeyUp, k, s); }
+    void MouseMove(int16_t& b, int16_t& s, float& x, float& y) override {
+        Relay(&Tabulon12Events::MouseMove, &Tabulon12Widget::MouseMove, b, s, x, y);
+    }
+    void GoDown() override { Relay(&Tabulon12Events::GoDown, &Tabulon12Widget::GoDown); }
+    void GoUp() override { Relay(&Tabulon12Events::GoUp, &Tabulon12Widget::GoUp); }
+    void Caricato() override { Relay(&Tabulon12Events::Caricato, &Tabulon12Widget::Caricato); }
+    void Click() override { Relay(&Tabulon12Events::Click, &Tabulon12Widget::Click); }
+    void DblClick() override { Relay(&Tabulon12Events::DblClick, &Tabulon12Widget::DblClick); }
+    void MouseDown(int16_t& b, int16_t& s, float& x, float& y) override {
+        Relay(&Tabulon12Events::MouseDown, &Tabulon12Widget::MouseDown, b, s, x, y);
+    }
+    void MouseUp(int16_t& b, int16_t& s, float& x, float& y) override {
+        Relay(&Tabulon12Events::MouseUp, &Tabulon12Widget::MouseUp, b, s, x, y);
+    }
+    void EnterCell() override { Relay(&Tabulon12Events::EnterCell, &Tabulon12Widget::EnterCell); }
+    void LeaveCell() override { Relay(&Tabulon12Events::LeaveCell, &Tabulon12Widget::LeaveCell); }
+    void CellClick(int32_t& r, int16_t& c) override { Relay(&Tabulon12Events::CellClick, &Tabulon12Widget::CellClick, r, c); }
+    void CellDblClick(int32_t& r, int16_t& c) override {
+        Relay(&Tabulon12Events::CellDblClick, &Tabulon12Widget::CellDblClick, r, c);
+    }
+    void CellRightClick(int32_t& r, int16_t& c) override {
+        Relay(&Tabulon12Events::CellRightClick, &Tabulon12Widget::CellRightClick, r, c);
+    }
+    void CellMouseMove(int32_t& r, int16_t& c) override {
+        Relay(&Tabulon12Events::CellMouseMove, &Tabulon12Widget::CellMouseMove, r, c);
+    }
+    void IperTextClick(int32_t& r, int16_t& c, int32_t& id, std::string& text) override {
+        Relay(&Tabulon12Events::IperTextClick, &Tabulon12Widget::IperTextClick, r, c, id, text);
+    }
+    void Resize() override { Relay(&Tabulon12Events::Resize, &Tabulon12Widget::Resize); }
+
+private:
+    template <class... Args>
+    void Relay(void (Tabulon12Events::*handler)(Args&...), void (Tabulon12Widget::*signal)(Args&...), Args&... args) {
+        if (w_.hostEvents_) (w_.hostEvents_->*handler)(args...);
+        emit(w_.*signal)(args...);
+    }
+
+    Tabulon12Widget& w_;
+};
+
 Tabulon12Widget::Tabulon12Widget(QWidget* parent) : Tabulon12Widget(Services{}, parent) {}
 
 Tabulon12Widget::Tabulon12Widget(const Services& services, QWidget* parent)
@@ -94,6 +144,8 @@ Tabulon12Widget::Tabulon12Widget(const Services& services, QWidget* parent)
     if (!timers) timers = (d.timers = std::make_unique<QtTimerService>()).get();
 
     control_ = std::make_unique<Tabulon12>(host, *metrics, *timers);
+    relay_ = std::make_unique<EventRelay>(*this);
+    control_->setEvents(relay_.get());
 
     painter_ = new SurfaceWidget(control_->Superficie(), this);
     auto* layout = new QVBoxLayout(this);
@@ -114,6 +166,7 @@ Tabulon12Widget::~Tabulon12Widget() {
     // the services it uses still exist; the defaults go last, with the members.
     delete painter_;
     painter_ = nullptr;
+    control_->setEvents(nullptr);
     control_.reset();
 }
 

@@ -17,6 +17,12 @@
 // then not created at all; parentControls and propertyChanged go to the control as given. What a
 // host passes stays the host's and must outlive the widget.
 //
+// Events: the widget keeps the control's event handler for itself and offers every host event
+// twice: to a handler the host registers with setEvents (a Tabulon12Events), then as a Qt signal
+// of the same name with the same arguments by reference, so that a slot connected directly may
+// change them as a handler may. A host that calls Control().setEvents itself takes the events
+// away from the widget and its signals.
+//
 // Host controls inside the control: a host may make its own widgets children of this widget and
 // place them in the strip below the grid; when the control's height changes they follow the
 // grid's bottom edge (vertical scroll bars excepted), as the control moves contained controls.
@@ -78,6 +84,31 @@ public:
     // The painter's hint: the surface's size (the control's design size).
     QSize sizeHint() const override;
 
+    // The host's handler of the control's events (may be null); the widget does not own it.
+    void setEvents(Tabulon12Events* events) { hostEvents_ = events; }
+
+signals:
+    // The control's events, in their numbered order, after the host's handler has seen them.
+    void KeyDown(int16_t& KeyCode, int16_t& Shift);
+    void KeyPress(int16_t& KeyAscii);
+    void KeyUp(int16_t& KeyCode, int16_t& Shift);
+    void MouseMove(int16_t& Button, int16_t& Shift, float& x, float& y);
+    void GoDown();
+    void GoUp();
+    void Caricato();
+    void Click();
+    void DblClick();
+    void MouseDown(int16_t& Button, int16_t& Shift, float& x, float& y);
+    void MouseUp(int16_t& Button, int16_t& Shift, float& x, float& y);
+    void EnterCell();
+    void LeaveCell();
+    void CellClick(int32_t& RigaClick, int16_t& ColonnaClick);
+    void CellDblClick(int32_t& RigaClick, int16_t& ColonnaClick);
+    void CellRightClick(int32_t& RigaClick, int16_t& ColonnaClick);
+    void CellMouseMove(int32_t& RigaClick, int16_t& ColonnaClick);
+    void IperTextClick(int32_t& RigaClick, int16_t& ColonnaClick, int32_t& IdAssociato, std::string& TestoIperTxt);
+    void Resize();
+
 protected:
     void moveEvent(QMoveEvent* e) override;
     bool eventFilter(QObject* watched, QEvent* e) override;
@@ -85,10 +116,13 @@ protected:
 private:
     struct Defaults;  // the services this widget created, each only where the host gave none
     class HostChildren;  // the host's child widgets as the control's contained controls
+    class EventRelay;    // the control's events to the host's handler, then to the signals
 
     // Members are destroyed in reverse order: the control before the services it uses.
     std::unique_ptr<Defaults> defaults_;
     std::unique_ptr<HostChildren> children_;
+    std::unique_ptr<EventRelay> relay_;
+    Tabulon12Events* hostEvents_ = nullptr;
     DatabaseEngine* engine_ = nullptr;
     std::unique_ptr<Tabulon12> control_;
     SurfaceWidget* painter_ = nullptr;  // a child widget; deleted first, in the destructor

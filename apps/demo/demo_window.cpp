@@ -51,7 +51,7 @@ DemoWindow::DemoWindow(const std::string& databasePath) : databasePath_(database
     // The control with Qt's services, the engine for files and servers included.
     list_ = new Tabulon12Widget(central);
     list_->setMinimumSize(400, 300);
-    Control().setEvents(this);
+    list_->setEvents(this);
     // The host form holds the image list that the control finds by name.
     form_ = std::make_shared<HostForm>("FormDemo");
     form_->Add(std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()}));
@@ -70,7 +70,7 @@ DemoWindow::DemoWindow(const std::string& databasePath) : databasePath_(database
 DemoWindow::~DemoWindow() {
     // The control raises no more events into this window; then the widget goes with the control
     // and its services, before the window's own members.
-    Control().setEvents(nullptr);
+    list_->setEvents(nullptr);
     delete takeCentralWidget();
     list_ = nullptr;
     log_ = nullptr;
