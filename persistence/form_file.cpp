@@ -5,7 +5,7 @@
 
 #include <new>
 
-#include "persistence/file_access.h"
+#include "platform/host/file_access.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/text.h"
 

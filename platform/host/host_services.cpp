@@ -33,4 +33,21 @@ uint32_t SteadyClock::TickCount() const {
     return static_cast<uint32_t>(static_cast<uint64_t>(ms));
 }
 
+int HeadlessWindow::AddWheelListener(WheelListener listener) {
+    listeners_.emplace_back(nextId_, std::move(listener));
+    return nextId_++;
+}
+
+void HeadlessWindow::RemoveWheelListener(int id) {
+    std::erase_if(listeners_, [id](const auto& entry) { return entry.first == id; });
+}
+
+void HeadlessWindow::SendWheel(int32_t keys, int32_t delta) {
+    // A listener may add or remove listeners: the message goes to those installed when it came.
+    const auto listeners = listeners_;
+    for (const auto& [id, listener] : listeners)
+        if (listener) listener(keys, delta);
+    ++handled_;
+}
+
 }  // namespace TabulonLib12

@@ -71,7 +71,37 @@ private:
     std::vector<Picture> images_;
 };
 
-// A host form: its name and its controls in their order.
+// The window of a host form, as far as the wheel goes: every wheel message of the window (its
+// own or one of a widget inside it) reaches each listener before the window handles it, with the
+// state of the buttons and shift keys and its signed delta, 120 a notch, positive when the wheel
+// turns away from the user. A listener sees the message and never eats it.
+class HostWindow {
+public:
+    using WheelListener = std::function<void(int32_t keys, int32_t delta)>;
+    virtual ~HostWindow() = default;
+    // Answers the listener's id, never 0.
+    virtual int AddWheelListener(WheelListener listener) = 0;
+    virtual void RemoveWheelListener(int id) = 0;
+};
+
+// The window of a form without a display: a test or a headless host sends it wheel messages.
+class HeadlessWindow final : public HostWindow {
+public:
+    int AddWheelListener(WheelListener listener) override;
+    void RemoveWheelListener(int id) override;
+    // A wheel message: every listener sees it, then the window handles it.
+    void SendWheel(int32_t keys, int32_t delta);
+    int WheelsHandled() const { return handled_; }
+    int ListenerCount() const { return static_cast<int>(listeners_.size()); }
+
+private:
+    std::vector<std::pair<int, WheelListener>> listeners_;
+    int nextId_ = 1;
+    int handled_ = 0;
+};
+
+// A host form: its name, its controls in their order, and its window (none for a form that has
+// no window).
 class HostForm {
 public:
     explicit HostForm(std::string name) : name_(std::move(name)) {}
@@ -80,10 +110,13 @@ public:
     void Add(std::shared_ptr<HostControl> control) { controls_.push_back(std::move(control)); }
     // The first control whose name equals `name` without regard to case, or null.
     std::shared_ptr<HostControl> Find(const std::string& name) const;
+    const std::shared_ptr<HostWindow>& Window() const { return window_; }
+    void setWindow(std::shared_ptr<HostWindow> window) { window_ = std::move(window); }
 
 private:
     std::string name_;
     std::vector<std::shared_ptr<HostControl>> controls_;
+    std::shared_ptr<HostWindow> window_;
 };
 
 // A control that the host placed inside the control's own surface, in the strip below the

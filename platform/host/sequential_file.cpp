@@ -2,6 +2,10 @@
 // end every line with CR LF.
 #include "platform/host/sequential_file.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -38,30 +42,42 @@ void Write(const std::string& path, const std::vector<std::string>& lines, std::
     if (out.fail()) throw AccessError();
 }
 
+// Only a regular file (a link to one included) is a file to read: a pipe or a device could keep
+// a reader waiting forever, and a folder has no lines.
+bool IsRegularFile(const std::string& path) {
+    struct stat info {};
+    return ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
 }  // namespace
 
 bool FileCanOpen(const std::string& path) {
-    if (path.empty() || IsExistingDirectory(path)) return false;
-    std::ifstream in(path, std::ios::binary);
-    return static_cast<bool>(in);
+    if (path.empty() || !IsRegularFile(path)) return false;
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) return false;
+    ::close(fd);
+    return true;
 }
 
 std::vector<std::string> ReadLines(const std::string& path) {
     std::error_code ec;
     if (path.empty() || !std::filesystem::exists(path, ec)) throw FileNotFound();
-    if (IsExistingDirectory(path)) throw AccessError();
+    if (!IsRegularFile(path)) throw AccessError();
     std::ifstream in(path, std::ios::binary);
     if (!in) throw AccessError();
     const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     if (in.bad()) throw AccessError();
+    return SplitLines(bytes);
+}
 
+std::vector<std::string> SplitLines(std::string_view bytes) {
     std::vector<std::string> lines;
     size_t start = 0;
     size_t i = 0;
     while (i < bytes.size()) {
         const char c = bytes[i];
         if (c == '\r' || c == '\n') {
-            lines.emplace_back(bytes, start, i - start);
+            lines.emplace_back(bytes.substr(start, i - start));
             // CR LF is one line end; a lone CR or a lone LF is one too.
             i += (c == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') ? 2 : 1;
             start = i;
@@ -70,7 +86,7 @@ std::vector<std::string> ReadLines(const std::string& path) {
         }
     }
     // A last line without its line end still counts; a final line end adds no empty line.
-    if (start < bytes.size()) lines.emplace_back(bytes, start, bytes.size() - start);
+    if (start < bytes.size()) lines.emplace_back(bytes.substr(start));
     return lines;
 }
 

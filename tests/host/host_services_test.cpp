@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/runtime/error.h"
 #include "tests/support/test_doubles.h"
@@ -149,6 +151,33 @@ TEST(HostServices, StartsEmptyAndCarriesWhatTheHostGives) {
     services.propertyChanged("Cols");
     EXPECT_EQ(box.shown.size(), 1u);
     EXPECT_EQ(changed, std::vector<std::string>{"Cols"});
+}
+
+TEST(HeadlessWindow, EveryListenerSeesAWheelMessageBeforeTheWindowHandlesIt) {
+    HeadlessWindow window;
+    std::vector<std::string> seen;
+    const int first = window.AddWheelListener([&](int32_t keys, int32_t delta) {
+        seen.push_back("first " + std::to_string(keys) + " " + std::to_string(delta));
+        EXPECT_EQ(window.WheelsHandled(), 0);
+    });
+    window.AddWheelListener([&](int32_t, int32_t delta) { seen.push_back("second " + std::to_string(delta)); });
+    EXPECT_NE(first, 0);
+    window.SendWheel(8, -120);
+    EXPECT_EQ(seen, (std::vector<std::string>{"first 8 -120", "second -120"}));
+    EXPECT_EQ(window.WheelsHandled(), 1);
+    window.RemoveWheelListener(first);
+    EXPECT_EQ(window.ListenerCount(), 1);
+}
+
+TEST(HeadlessWindow, AListenerThatRemovesItselfDoesNotStopTheOthers) {
+    HeadlessWindow window;
+    int id = 0, others = 0;
+    id = window.AddWheelListener([&](int32_t, int32_t) { window.RemoveWheelListener(id); });
+    window.AddWheelListener([&](int32_t, int32_t) { ++others; });
+    window.SendWheel(0, 120);
+    window.SendWheel(0, 120);
+    EXPECT_EQ(others, 2);
+    EXPECT_EQ(window.ListenerCount(), 1);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "platform/host/sequential_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -121,6 +122,28 @@ TEST_F(SequentialFile, FileCanOpenIsTrueOnlyForAnExistingReadableFile) {
     EXPECT_FALSE(FileCanOpen(dir_.string()));
     WriteBytes("there.txt", "");
     EXPECT_TRUE(FileCanOpen(PathOf("there.txt")));
+}
+
+TEST_F(SequentialFile, APipeOrADeviceIsNoFileToReadAndNeverKeepsTheReaderWaiting) {
+    ASSERT_EQ(mkfifo(PathOf("pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(FileCanOpen(PathOf("pipe")));
+    ExpectFileError([&] { ReadLines(PathOf("pipe")); }, 75, "Path/File access error");
+    EXPECT_FALSE(FileCanOpen("/dev/zero"));
+}
+
+TEST_F(SequentialFile, AnUnreadableFileCannotBeOpened) {
+    if (::geteuid() == 0) GTEST_SKIP() << "the superuser reads every file";
+    WriteBytes("secret.txt", "1,2\r\n");
+    fs::permissions(PathOf("secret.txt"), fs::perms::none);
+    EXPECT_FALSE(FileCanOpen(PathOf("secret.txt")));
+}
+
+TEST_F(SequentialFile, SplitLinesTakesEveryKindOfLineEnd) {
+    EXPECT_EQ(SplitLines("a\r\nb\nc\rd"), (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_EQ(SplitLines("a\r\n"), (std::vector<std::string>{"a"}));
+    EXPECT_EQ(SplitLines("\r\n\r\n"), (std::vector<std::string>{"", ""}));
+    EXPECT_EQ(SplitLines("\n\r"), (std::vector<std::string>{"", ""}));  // LF then a lone CR: two ends
+    EXPECT_TRUE(SplitLines("").empty());
 }
 
 TEST_F(SequentialFile, WrittenLinesReadBackTheSame) {

@@ -1,5 +1,5 @@
 #pragma once
-// Whole-file reads and atomic whole-file replacement for the persistence layer. Failures are
+// Whole-file reads and atomic whole-file replacement: the form file and the column choice. Failures are
 // Errors whose description starts with `subject` (for instance `Form file "/x/y.json"`) and says
 // what went wrong in the system's words.
 #include <cstddef>

@@ -1,7 +1,7 @@
 // Whole-file reads through one descriptor (never blocking on a pipe), and the atomic
 // replacement: a temporary file beside the target, fsync, rename, fsync of the folder. A guard
 // removes the temporary file on every path that does not reach the rename.
-#include "persistence/file_access.h"
+#include "platform/host/file_access.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
