@@ -17,10 +17,10 @@ Tabulon12::Impl::Impl(const HostServices& host_, const TextMetrics& metrics, Tim
            *elements.ImageOrd, *elements.LblMisuraTitolo, FG1, VS1, columns, *this),
       bands(*elements.FrameLine, *elements.PicCol, FG1, columns, imageList),
       totals(*elements.LabelTOT, *elements.LabelCount, FG1, columns, TotaliColonna),
-      chooser(*elements.ImageTools, *elements.FrameSceltaColonne, *elements.CheckScelta),
+      chooser(*elements.ImageTools, *elements.FrameSceltaColonne, *elements.CheckScelta, FG1, columns, *this),
       mouse(*elements.PictureTTT, *elements.LabelTTT, *elements.LabelMisTxt, FG1, VS1, MatriceRighe, columns, imageList,
             events, *this),
-      keys(*elements.TextKey, FG1, VS1, events, *this),
+      keys(*elements.TextKey, FG1, VS1, events, *this, host_.clock),
       pictures(*elements.ImageStyle, *elements.ImageUP, *elements.ImageDown) {
     VS1.onChange = [this] { ReazioneCambioVS1(); };
     VS1.onGoDown = [this] { events.Raise([](Tabulon12Events& e) { e.GoDown(); }); };
@@ -50,7 +50,7 @@ Tabulon12::Tabulon12(const HostServices& host, const TextMetrics& metrics, Timer
     InitProperties();
 }
 
-Tabulon12::~Tabulon12() = default;
+Tabulon12::~Tabulon12() { Terminate(); }
 
 void Tabulon12::setEvents(Tabulon12Events* events) { impl_->events.setHandler(events); }
 Surface& Tabulon12::Superficie() { return impl_->surface; }

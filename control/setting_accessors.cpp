@@ -31,11 +31,27 @@ TABULON_COMPONENT_SETTING(ColonnaColore, int16_t, painter)
 TABULON_COMPONENT_SETTING(BackColorSelected, Colour, painter)
 TABULON_COMPONENT_SETTING(IperTextColor, Colour, painter)
 TABULON_COMPONENT_SETTING(SelezioneMultiplaImmediata, bool, selection)
-TABULON_COMPONENT_SETTING(WheelStatus, bool, keys)
 TABULON_COMPONENT_SETTING(StileArrow, ColorArrowType, band)
 TABULON_COMPONENT_SETTING(ForeColorOrd, Colour, band)
 #undef TABULON_COMPONENT_SETTING
 #undef TABULON_HOST_SETTING
+
+bool Tabulon12::WheelStatus() const { return impl_->keys.WheelStatus(); }
+// True hooks the wheel of the form's window (a form without a window hooks nothing); without a
+// form the write fails after storing the value. False takes the hook away.
+void Tabulon12::setWheelStatus(bool New_WheelStatus) {
+    auto& s = *impl_;
+    s.keys.setWheelStatus(New_WheelStatus);
+    if (New_WheelStatus) {
+        if (!s.ParentForm) throw Error::MissingObject();
+        s.keys.AgganciaRotella(s.ParentForm->Window());
+    } else {
+        s.keys.SganciaRotella();
+    }
+    s.PropertyChanged("WheelStatus");
+}
+
+void Tabulon12::Terminate() { impl_->keys.SganciaRotella(); }
 
 std::string Tabulon12::FileScelta() const { return impl_->chooser.FileScelta(); }
 void Tabulon12::setFileScelta(const std::string& New_FileScelta) {

@@ -41,4 +41,15 @@ void Tabulon12::Impl::PlaceCount(float top) { totals.PlaceCount(top); }
 void Tabulon12::Impl::RedrawTotals() { totals.RidisegnaTotali(); }
 void Tabulon12::Impl::RaiseResize() { events.Raise([](Tabulon12Events& e) { e.Resize(); }); }
 
+// The chooser's boxes are critical boxes; the width is the host's width of the control; a new
+// choice fits the columns again and loads the list again.
+void Tabulon12::Impl::ChooserMessage(const std::string& text, const std::string& title) {
+    if (host.messages) host.messages->MsgBox(text, MsgBoxStyle::Critical, title);
+}
+float Tabulon12::Impl::ControlWidth() const { return surface.Width(); }
+void Tabulon12::Impl::ApplyColumnChoice() {
+    RidimensionaColonne();
+    Carica(false);
+}
+
 }  // namespace TabulonLib12

@@ -38,6 +38,8 @@ public:
 
     // A new instance: defaults, one column, no structure.
     void InitProperties();
+    // The end of the instance: the wheel hook is taken away. The destructor calls it.
+    void Terminate();
 
     // --- Column definitions (Index from 0 to Cols - 1) ---
     std::string Intestazione(int16_t Index) const;
@@ -138,6 +140,9 @@ public:
     void setVerticalGrid(bool New_VerticalGrid);
     bool IperTextEnabled() const;
     void setIperTextEnabled(bool New_IperTextEnabled);
+    // Whether the wheel of the host form's window scrolls the list. True hooks the window of
+    // ParentForm (one hook per thread: the list that hooks last has the wheel); False, and the
+    // end of any list, takes the hook away. Without a form, True fails after it is stored.
     bool WheelStatus() const;
     void setWheelStatus(bool New_WheelStatus);
     // The texture of every heading tile. A value without a texture fails with a subscript error

@@ -33,7 +33,8 @@ struct Tabulon12::Impl final : StructureLayout::Neighbours,
                                Selection::RowColours,
                                HeadingBand::Neighbours,
                                MouseLayer::Neighbours,
-                               KeysAndWheel::Neighbours {
+                               KeysAndWheel::Neighbours,
+                               ColumnChooser::Neighbours {
     Impl(const HostServices& host, const TextMetrics& metrics, TimerService& timers);
     ~Impl() override;
 
@@ -139,6 +140,11 @@ struct Tabulon12::Impl final : StructureLayout::Neighbours,
     void PlaceCount(float top) override;
     void RedrawTotals() override;
     void RaiseResize() override;
+
+    // --- the chooser's neighbours: its boxes, the host's width, the choice applied ---
+    void ChooserMessage(const std::string& text, const std::string& title) override;
+    float ControlWidth() const override;
+    void ApplyColumnChoice() override;
 
 private:
     // The load's work once it has a database; answers false when it must stop early.

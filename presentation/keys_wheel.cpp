@@ -16,8 +16,13 @@ int32_t Stepped(int32_t value, int32_t step) {
 }  // namespace
 
 KeysAndWheel::KeysAndWheel(TextBox& textKey, const CellGrid& fg, Scorrix& bar, HostEvents& events,
-                           Neighbours& neighbours)
-    : textKey_(textKey), fg_(fg), bar_(bar), events_(events), neighbours_(neighbours) {
+                           Neighbours& neighbours, const Clock* clock)
+    : textKey_(textKey),
+      fg_(fg),
+      bar_(bar),
+      events_(events),
+      neighbours_(neighbours),
+      target_(std::make_shared<WheelTarget>(WheelTarget{bar, clock ? *clock : steadyClock_})) {
     textKey.onKeyDown = [this](Element&, int16_t& key, int16_t& shift) { KeyDown(key, shift); };
     textKey.onKeyPress = [this](Element&, int16_t& ascii) {
         events_.Raise([&](Tabulon12Events& e) { e.KeyPress(ascii); });
@@ -27,16 +32,23 @@ KeysAndWheel::KeysAndWheel(TextBox& textKey, const CellGrid& fg, Scorrix& bar, H
     };
 }
 
+KeysAndWheel::~KeysAndWheel() {
+    target_.reset();
+    ReleaseHooks();
+}
+
 void KeysAndWheel::Focus() { textKey_.SetFocus(); }
 
 void KeysAndWheel::KeyDown(int16_t keyCode, int16_t shift) {
     if (keyCode == kKeyDown) {
-        if (fg_.Row() == fg_.Rows() - 1) {
-            // On the last row the records pass under the selection: the bar clamps at its end,
-            // and the row is selected again.
+        const int32_t lastRow = fg_.Rows() - 1;
+        if (fg_.Row() == lastRow) {
+            // On the last row the records pass under the selection: the scroll's re-selection
+            // takes the old record up a row, and the last row is selected again, as the up arrow
+            // selects row 0 again. The bar clamps at its end.
             int32_t value = Stepped(bar_.Value(), 1);
             bar_.setValue(value);
-            neighbours_.SelezionaRiga(fg_.Row());
+            neighbours_.SelezionaRiga(lastRow);
         } else {
             neighbours_.SelezionaRiga(fg_.Row() + 1);
         }

@@ -14,7 +14,7 @@ max_len=${2:-4096}
 shift $(( $# < 2 ? $# : 2 ))
 targets=("$@")
 if ((${#targets[@]} == 0)); then
-  targets=(fuzz_numeric fuzz_date fuzz_format fuzz_form_file)
+  targets=(fuzz_numeric fuzz_date fuzz_format fuzz_form_file fuzz_choice_file)
 fi
 dir=${FUZZ_BUILD_DIR:-$root/build/fuzz}
 "$root/scripts/setup.sh" --fuzz

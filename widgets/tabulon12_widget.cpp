@@ -8,6 +8,7 @@
 
 #include "platform/db/composite_engine.h"
 #include "platform/postgres/postgres_engine.h"
+#include "platform/qt/qt_host_window.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_pointer.h"
 #include "platform/qt/qt_text_metrics.h"
@@ -168,6 +169,14 @@ Tabulon12Widget::~Tabulon12Widget() {
     painter_ = nullptr;
     control_->setEvents(nullptr);
     control_.reset();
+}
+
+std::shared_ptr<HostForm> Tabulon12Widget::WindowForm() {
+    if (!windowForm_) {
+        windowForm_ = std::make_shared<HostForm>(window()->objectName().toStdString());
+        windowForm_->setWindow(std::make_shared<QtHostWindow>(this));
+    }
+    return windowForm_;
 }
 
 QSize Tabulon12Widget::sizeHint() const {

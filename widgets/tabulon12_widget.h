@@ -84,6 +84,11 @@ public:
     // The painter's hint: the surface's size (the control's design size).
     QSize sizeHint() const override;
 
+    // A host form for the window that holds this widget, to give the control as its
+    // FormContenitore: named after the window's object name, with the window's wheel (a
+    // QtHostWindow). The same form every time, so controls a host adds to it stay.
+    std::shared_ptr<HostForm> WindowForm();
+
     // The host's handler of the control's events (may be null); the widget does not own it.
     void setEvents(Tabulon12Events* events) { hostEvents_ = events; }
 
@@ -124,6 +129,7 @@ private:
     std::unique_ptr<EventRelay> relay_;
     Tabulon12Events* hostEvents_ = nullptr;
     DatabaseEngine* engine_ = nullptr;
+    std::shared_ptr<HostForm> windowForm_;
     std::unique_ptr<Tabulon12> control_;
     SurfaceWidget* painter_ = nullptr;  // a child widget; deleted first, in the destructor
 };

@@ -17,6 +17,7 @@ struct ColumnDesign {
     const char* format;
     int16_t width;      // twips, for the design width of the control
     int16_t alignment;  // 0 left, 1 right, 2 centred
+    const char* choice = nullptr;  // the column chooser's caption of an optional column
 };
 
 // The orders as the demo shows them: the key, the customer and city, the date, the quantity
@@ -25,9 +26,9 @@ struct ColumnDesign {
 constexpr ColumnDesign kColumns[] = {
     {"N.", "id", "Nessuno", 900, 1},
     {"Cliente", "customer", "Nessuno", 3900, 0},
-    {"Città", "city", "Nessuno", 2100, 0},
-    {"Data", "order_date", "Data", 1400, 2},
-    {"Quantità", "quantity", "Numerico", 1200, 1},
+    {"Città", "city", "Nessuno", 2100, 0, "Mostra la città"},
+    {"Data", "order_date", "Data", 1400, 2, "Mostra la data"},
+    {"Quantità", "quantity", "Numerico", 1200, 1, "Mostra la quantità"},
     {"Importo", "amount", "Valuta", 1800, 1},
     {"", "paid", "Nessuno", 1000, 2},  // headed by its picture, whose tooltip names it
     {"Colore", "colour", "Nessuno", 0, 0},
@@ -41,8 +42,10 @@ constexpr const char* kQuery =
 
 }  // namespace
 
-DemoWindow::DemoWindow(const std::string& databasePath) : databasePath_(databasePath) {
+DemoWindow::DemoWindow(const std::string& databasePath, const std::string& choiceFile)
+    : databasePath_(databasePath), choiceFile_(choiceFile) {
     setWindowTitle(QStringLiteral("Tabulon12 demo"));
+    setObjectName(QStringLiteral("FormDemo"));
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(8, 8, 8, 8);
@@ -52,8 +55,9 @@ DemoWindow::DemoWindow(const std::string& databasePath) : databasePath_(database
     list_ = new Tabulon12Widget(central);
     list_->setMinimumSize(400, 300);
     list_->setEvents(this);
-    // The host form holds the image list that the control finds by name.
-    form_ = std::make_shared<HostForm>("FormDemo");
+    // The host form is this window: it holds the image list that the control finds by name, and
+    // its wheel scrolls the list wherever the pointer is.
+    form_ = list_->WindowForm();
     form_->Add(std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()}));
     Control().setFormContenitore(form_);
 
@@ -99,7 +103,17 @@ void DemoWindow::Load() {
         c.setFormato(i, kColumns[i].format);
         c.setColsWidth(i, kColumns[i].width);
         c.setColAlignment(i, kColumns[i].alignment);
+        if (kColumns[i].choice) {
+            c.setColonnaOpzionale(i, 1);
+            c.setTestoScelta(i, kColumns[i].choice);
+            c.setBackColorCol(i, 0xFFFFFF);
+        }
     }
+    // The user hides the optional columns with the chooser at the top right; the choice lives
+    // in its file.
+    c.setConsentiSceltaColonne(true);
+    c.setFileScelta(choiceFile_);
+    c.setWheelStatus(true);
     // The payment column shows a picture by a condition on its truth value.
     c.setCondizione(kPaidColumn, "True");
     c.setOperatoreCondizionale(kPaidColumn, "=");

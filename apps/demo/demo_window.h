@@ -14,7 +14,8 @@ namespace TabulonLib12::Demo {
 
 class DemoWindow final : public QMainWindow, private Tabulon12Events {
 public:
-    explicit DemoWindow(const std::string& databasePath);
+    // `choiceFile` keeps the user's choice of columns (none kept when empty).
+    DemoWindow(const std::string& databasePath, const std::string& choiceFile);
     ~DemoWindow() override;
     // Why the orders cannot be read, in the engine's own words, or nothing when they can: opens
     // the database through the control's engine and a recordset on the list's query, then closes
@@ -49,6 +50,7 @@ private:
     void Resize() override;
 
     std::string databasePath_;
+    std::string choiceFile_;
     std::shared_ptr<HostForm> form_;
     Tabulon12Widget* list_ = nullptr;  // owned by the window, with its control and services
     QPlainTextEdit* log_ = nullptr;

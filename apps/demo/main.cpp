@@ -5,10 +5,15 @@
 //                                    schema: a SQLite file or a postgresql:// URI
 //   tabulon_demo --styles FILE       writes a sheet of the ten heading styles, one small list
 //                                    each, as a PNG file and exits
+//   tabulon_demo --choices FILE      keeps the choice of columns made with the column chooser in
+//                                    FILE (in a window the default is colonne.txt in the user's
+//                                    configuration folder; a screenshot keeps none unless told)
 // A database whose orders cannot be read ends the program with a message on standard error
 // (in a window, after a message box) and exit code 1; a bad argument ends it with code 2.
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -37,7 +42,8 @@ bool HasDisplay() {
 }
 
 int Usage() {
-    std::fprintf(stderr, "usage: tabulon_demo [--screenshot FILE] [--database NAME] [--styles FILE]\n");
+    std::fprintf(stderr,
+                 "usage: tabulon_demo [--screenshot FILE] [--database NAME] [--styles FILE] [--choices FILE]\n");
     return 2;
 }
 
@@ -67,17 +73,27 @@ int WriteStyleSheet(const std::string& database, const std::string& path) {
     return 0;
 }
 
+// colonne.txt in the user's configuration folder for the demo, which is made if missing; none
+// when there is no such folder.
+std::string DefaultChoiceFile() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    if (folder.isEmpty() || !QDir().mkpath(folder)) return {};
+    return QDir(folder).filePath(QStringLiteral("colonne.txt")).toStdString();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     std::string screenshot;
     std::string styles;
+    std::string choices;
     std::string database = TABULON_SAMPLE_DB;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--screenshot") == 0 && i + 1 < argc) screenshot = argv[++i];
         else if (std::strcmp(argv[i], "--database") == 0 && i + 1 < argc) database = argv[++i];
         else if (std::strcmp(argv[i], "--styles") == 0 && i + 1 < argc) styles = argv[++i];
+        else if (std::strcmp(argv[i], "--choices") == 0 && i + 1 < argc) choices = argv[++i];
         else return Usage();
     }
     if (!HasDisplay()) {
@@ -92,8 +108,9 @@ int main(int argc, char** argv) {
 
     if (!styles.empty()) return WriteStyleSheet(database, styles);
 
-    TabulonLib12::Demo::DemoWindow window(database);
     const bool windowed = screenshot.empty();
+    if (choices.empty() && windowed) choices = DefaultChoiceFile();
+    TabulonLib12::Demo::DemoWindow window(database, choices);
     if (const auto problem = window.ReadProblem()) return CannotRead(window, windowed, database, *problem);
     if (!windowed) {
         window.resize(1000, 700);

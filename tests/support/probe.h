@@ -15,6 +15,8 @@ struct Tabulon12Probe {
     static const Tabulon12::Impl& Of(const Tabulon12& control) { return *control.impl_; }
     // The heading band's caption items.
     static ControlArray<Label>& Captions(Tabulon12& control) { return control.impl_->band.labelMenu_; }
+    // The tick of the last wheel notch this thread's hook saw.
+    static uint32_t LastWheelTick() { return KeysAndWheel::LastWheelTick(); }
 };
 
 struct ScorrixProbe {
