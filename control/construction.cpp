@@ -55,24 +55,6 @@ Tabulon12::~Tabulon12() { Terminate(); }
 void Tabulon12::setEvents(Tabulon12Events* events) { impl_->events.setHandler(events); }
 Surface& Tabulon12::Superficie() { return impl_->surface; }
 
-// A new instance: one column with the new-instance values of the column table, the single-cell
-// store and the designed look; every other setting starts at its component's own default.
-void Tabulon12::InitProperties() {
-    auto& s = *impl_;
-    s.BackStyle = 0;
-    s.QueryCaricamento.clear();
-    s.DataBaseName.clear();
-    s.Cols = 1;
-    s.columns.ResetToNewInstance();
-    s.MatriceRighe = RowStore(0, 0);
-    s.LarghezzaColonnaDefault = 1000;
-    s.columns.ColsWidth[0] = static_cast<int16_t>(s.LarghezzaColonnaDefault);
-    s.band.setColorGridHead(s.band.ColorGridHead());
-    s.elements.Shape1->setBorderColor(0xCEAB8E);
-    s.band.setBackColorTopScheda(0xFFFFFF);
-    s.chooser.setConsentiSceltaColonne(s.chooser.ConsentiSceltaColonne());
-}
-
 void Tabulon12::Impl::PropertyChanged(const std::string& name) const {
     if (host.propertyChanged) host.propertyChanged(name);
 }

@@ -16,6 +16,7 @@
 #include "grid/events.h"
 #include "platform/db/database.h"
 #include "platform/host/host_services.h"
+#include "platform/host/property_bag.h"
 #include "platform/ui/graphics.h"
 #include "platform/ui/surface.h"
 
@@ -25,8 +26,13 @@ class Tabulon12 {
 public:
     // The control builds its elements on a surface measured by `metrics` and timed by `timers`;
     // `host` gives it message boxes, the screen pointer, the clock, the database engine, the
-    // controls around it and the property-change notice.
+    // form it is placed on, the ambient font, the controls around it and the property-change
+    // notice. An instance comes into being in one of two ways, and passes through exactly one
+    // of InitProperties and ReadProperties:
+    //   - newly placed on a form: InitProperties runs (one column, no structure, no hook);
     Tabulon12(const HostServices& host, const TextMetrics& metrics, TimerService& timers);
+    //   - restored from its saved design: ReadProperties(saved) runs, and never InitProperties.
+    Tabulon12(const HostServices& host, const TextMetrics& metrics, TimerService& timers, const PropertyBag& saved);
     ~Tabulon12();
     Tabulon12(const Tabulon12&) = delete;
     Tabulon12& operator=(const Tabulon12&) = delete;
@@ -36,8 +42,21 @@ public:
     // The element tree the realisation paints and feeds with input.
     Surface& Superficie();
 
-    // A new instance: defaults, one column, no structure.
+    // --- The property store ---
+    // A new instance: one column of the new-instance values, the new-instance settings, no
+    // structure and no hook. The first constructor runs it.
     void InitProperties();
+    // A saved instance restored from `store`: every key read straight into its field or element
+    // (no setter runs and the host hears no notice), the row store sized by MinRows, the empty
+    // structure built and the wheel hooked when WheelStatus says so. A key that cannot be read
+    // (a value too wide for its field, a style without a texture) leaves its field as it was; no
+    // failure reaches the host. The result is that of a restored instance whatever the instance
+    // held before: the default width of the stored columns is 0 from here on. Rows are never
+    // stored: call Carica for the data.
+    void ReadProperties(const PropertyBag& store);
+    // Saves the design into `store`, each key left out where it equals the writer's default.
+    // A failure of the store reaches the caller; the keys written so far stay written.
+    void WriteProperties(PropertyBag& store) const;
     // The end of the instance: the wheel hook is taken away. The destructor calls it.
     void Terminate();
 

@@ -13,6 +13,7 @@
 #include "grid/column_properties.h"
 #include "grid/events.h"
 #include "grid/row_store.h"
+#include "platform/host/property_bag.h"
 #include "platform/runtime/steps.h"
 #include "presentation/column_bands.h"
 #include "presentation/column_chooser.h"
@@ -68,7 +69,8 @@ struct Tabulon12::Impl final : StructureLayout::Neighbours,
     int16_t BackStyle = 0;
     int16_t Col = 0;  // the public Col's own field
     int32_t LimiteRighe = 0;  // the row limit taken from MinRows when a property store is read
-    int32_t LarghezzaColonnaDefault = 1000;
+    // The default of the stored column widths: 1000 once InitProperties ran, 0 in a restored instance.
+    int32_t LarghezzaColonnaDefault = 0;
 
     // --- the components ---
     RowPainter painter;
@@ -92,6 +94,11 @@ struct Tabulon12::Impl final : StructureLayout::Neighbours,
     std::shared_ptr<Database> OpenDatabase(const std::string& connect, Steps& steps);
     std::shared_ptr<HostControl> TrovaImageList(const std::string& name) const;
     std::string PrimoValoreQuery(const std::string& query);
+
+    // --- the property store ---
+    // Whether the store holds alignments in the surface's old numbers (some "Allineamento" key
+    // above 2); a key that cannot be read counts as absent.
+    bool AllineamentoVecchio(const PropertyBag& store) const;
 
     // --- the roads across components ---
     void Carica(bool soloRefresh);

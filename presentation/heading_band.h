@@ -75,6 +75,11 @@ public:
     void setColorGridHead(Colour c);  // also the band frame's back colour
     Colour ForeColorHead() const { return foreColorHead_; }
     void setForeColorHead(Colour c);  // also the text colour of every caption
+    // The settings alone, as a new instance and the property store set them: the tiles and the
+    // captions keep their look until the band is built again.
+    void RestoreStileTesta(StileTestaType v) { stileTesta_ = v; }
+    void RestoreStileTestaOver(StileTestaType v) { stileTestaOver_ = v; }
+    void RestoreForeColorHead(Colour c) { foreColorHead_ = c; }
     Colour BackColorTopScheda() const;  // held by the tab itself
     void setBackColorTopScheda(Colour c);
 
@@ -97,6 +102,7 @@ public:
     const std::string& CampoOrdinamentoAttivo() const { return campoOrdinamento_; }
     bool OrdinamentoDiscendente() const { return discendente_; }
     int16_t IndiceordinamentoAttivo() const { return indiceOrdinamento_; }
+    void setIndiceordinamentoAttivo(int16_t k) { indiceOrdinamento_ = k; }
     // Sets the term the load puts behind " ORDER BY " (empty: no sort), and its direction.
     void SetOrder(const std::string& term, bool descending) {
         campoOrdinamento_ = term;

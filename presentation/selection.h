@@ -33,6 +33,9 @@ public:
     int32_t RigaCorrente() const { return rigaCorrente_; }
     void setRigaCorrente(int32_t g) { rigaCorrente_ = g; }
     bool MultiSel() const { return multiSel_; }
+    // The switch alone, as the property store restores it: no marker is cleared, nothing repainted.
+    void RestoreMultiSel(bool v) { multiSel_ = v; }
+    void ResetAnchor() { ancoraMultipla_ = -1; }
     bool SelezioneMultiplaImmediata() const { return selezioneMultiplaImmediata_; }
     void setSelezioneMultiplaImmediata(bool v) { selezioneMultiplaImmediata_ = v; }
     int32_t AncoraMultipla() const { return ancoraMultipla_; }

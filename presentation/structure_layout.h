@@ -49,6 +49,7 @@ public:
                     Neighbours& neighbours, ContainedControls* contained);
 
     int16_t MinRows() const { return minRows_; }
+    void setMinRows(int16_t v) { minRows_ = v; }  // the next build computes it again
     int32_t BottomHeight() const { return bottomHeight_; }
     void setBottomHeight(int32_t v) { bottomHeight_ = v; }
     bool AdattamentoColonneDisattivato() const { return adattamentoDisattivato_; }

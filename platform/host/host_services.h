@@ -146,6 +146,12 @@ struct HostServices {
     DatabaseEngine* engine = nullptr;
     // The controls around the control on its container (ParentControls), searched after the form.
     std::shared_ptr<HostForm> parentControls;
+    // The form the control is placed on (its extender's Parent): a restored instance takes it as
+    // its FormContenitore. None for a host without forms.
+    std::shared_ptr<HostForm> parentForm;
+    // The font of the form around the control: the font of an instance whose saved design names
+    // none, and the one a save leaves out.
+    Font ambientFont;
     // Called with the member's name after every write of a persistent property.
     std::function<void(const std::string&)> propertyChanged;
     // The host's own controls inside the control; none when null.

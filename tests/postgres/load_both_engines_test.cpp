@@ -188,6 +188,30 @@ TEST_P(LoadOnBothEngines, AWrongPasswordGivesNoDatabaseAndNoMessageShowsIt) {
     for (const auto& shown : rig_.messages.shown) EXPECT_EQ(shown.prompt.find("Sbagliata"), std::string::npos);
 }
 
+// The password's one way in is the property store: a design saved with it and restored into a
+// new control opens the server and loads; a wrong one is never shown.
+TEST_P(LoadOnBothEngines, AControlRestoredWithItsStoredPasswordLoads) {
+    const std::string name = rig_.MakeNumbered(4);
+    rig_.DefineColumns();
+    control().setDataBaseName(name);
+    control().setQueryString("SELECT id, name, amount FROM t ORDER BY id");
+    MemoryPropertyBag store;
+    control().WriteProperties(store);
+    ASSERT_TRUE(SameStoredValue(store.ReadProperty("Password", std::string()), rig_.Password()));
+    Tabulon12 restored(rig_.host, rig_.metrics, rig_.timers, store);
+    restored.Superficie().Resize(9000, kTenRowHeight);
+    restored.Carica();
+    EXPECT_EQ(restored.RighePiene(), 4);
+    EXPECT_EQ(restored.TextMatrix(3, 1), "Name 4");
+
+    store.Set("Password", std::string("Parola-Sbagliata-9"));
+    Tabulon12 wrong(rig_.host, rig_.metrics, rig_.timers, store);
+    rig_.messages.shown.clear();
+    wrong.Carica();
+    EXPECT_EQ(wrong.RighePiene(), GetParam() == Backend::Postgres ? 0 : 4);
+    for (const auto& shown : rig_.messages.shown) EXPECT_EQ(shown.prompt.find("Sbagliata"), std::string::npos);
+}
+
 TEST_P(LoadOnBothEngines, AQueryThatFailsToOpenGivesAnEmptyListInSilence) {
     rig_.LoadNumbered(12);
     rig_.messages.shown.clear();
