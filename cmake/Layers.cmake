@@ -19,7 +19,7 @@ set(TABULON_LAYERS
   "tabulon_control       control             tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_scrollbar,tabulon_grid,tabulon_presentation -"
   "tabulon_pages         pages               tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_scrollbar,tabulon_grid,tabulon_presentation,tabulon_control -"
   "tabulon_persistence   persistence         tabulon_runtime,tabulon_ui,tabulon_host         JSON"
-  "tabulon_widgets       widgets             tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_qt,tabulon_sqlite,tabulon_postgres,tabulon_scrollbar,tabulon_grid,tabulon_control,tabulon_pages Qt"
+  "tabulon_widgets       widgets             tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_qt,tabulon_sqlite,tabulon_postgres,tabulon_scrollbar,tabulon_grid,tabulon_control,tabulon_pages,tabulon_persistence Qt"
   "tabulon_test_support  tests/support       tabulon_runtime,tabulon_ui,tabulon_db,tabulon_host,tabulon_scrollbar,tabulon_grid,tabulon_presentation,tabulon_control -"
 )
 

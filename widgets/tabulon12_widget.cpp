@@ -144,7 +144,13 @@ Tabulon12Widget::Tabulon12Widget(const Services& services, QWidget* parent)
     TimerService* timers = services.timers;
     if (!timers) timers = (d.timers = std::make_unique<QtTimerService>()).get();
 
-    control_ = std::make_unique<Tabulon12>(host, *metrics, *timers);
+    if (services.saved) {
+        // A restored control sits on the widget's window unless the host names another form.
+        if (!host.parentForm) host.parentForm = WindowForm();
+        control_ = std::make_unique<Tabulon12>(host, *metrics, *timers, *services.saved);
+    } else {
+        control_ = std::make_unique<Tabulon12>(host, *metrics, *timers);
+    }
     relay_ = std::make_unique<EventRelay>(*this);
     control_->setEvents(relay_.get());
 
@@ -160,6 +166,29 @@ Tabulon12Widget::Tabulon12Widget(const Services& services, QWidget* parent)
     // the control, so they are kept from it (see eventFilter) and this widget's own are used.
     painter_->installEventFilter(this);
     resize(painter_->sizeHint());
+}
+
+namespace {
+
+Tabulon12Widget::Services RestoredFrom(const FormFile& form, const std::string& controlName,
+                                       Tabulon12Widget::Services services) {
+    services.saved = &form.Properties(controlName);
+    return services;
+}
+
+}  // namespace
+
+Tabulon12Widget::Tabulon12Widget(const FormFile& form, const std::string& controlName, QWidget* parent)
+    : Tabulon12Widget(form, controlName, Services{}, parent) {}
+
+Tabulon12Widget::Tabulon12Widget(const FormFile& form, const std::string& controlName, const Services& services,
+                                 QWidget* parent)
+    : Tabulon12Widget(RestoredFrom(form, controlName, services), parent) {}
+
+void Tabulon12Widget::SaveTo(FormFile& form, const std::string& controlName) const {
+    MemoryPropertyBag design;
+    control_->WriteProperties(design);
+    form.AddOrReplace(FormControl(controlName, "Tabulon12", std::move(design)));
 }
 
 Tabulon12Widget::~Tabulon12Widget() {

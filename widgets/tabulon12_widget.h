@@ -17,6 +17,14 @@
 // then not created at all; parentControls and propertyChanged go to the control as given. What a
 // host passes stays the host's and must outlive the widget.
 //
+// Its design: a widget is either a new instance (the control runs InitProperties) or one
+// restored from its saved design (ReadProperties, and never InitProperties): from a property
+// store the host keeps (Services::saved) or from a control of a form file. A restored control
+// takes the widget's window as its form (FormContenitore, and the window hooked for the wheel
+// when its design says so) unless the host names another. The ambient font is the host's
+// (HostServices::ambientFont), not the machine's Qt font, so that a design saves the same bytes
+// on every machine. SaveTo writes the design back into a form file, which the host then saves.
+//
 // Events: the widget keeps the control's event handler for itself and offers every host event
 // twice: to a handler the host registers with setEvents (a Tabulon12Events), then as a Qt signal
 // of the same name with the same arguments by reference, so that a slot connected directly may
@@ -43,6 +51,7 @@
 #include <string>
 
 #include "control/tabulon12.h"
+#include "persistence/form_file.h"
 #include "platform/host/host_services.h"
 #include "platform/qt/surface_widget.h"
 #include "platform/ui/text_metrics.h"
@@ -61,13 +70,26 @@ public:
         HostServices host;
         const TextMetrics* metrics = nullptr;
         TimerService* timers = nullptr;
+        // The saved design to restore the control from; a new instance when null. The store is
+        // read while the widget is made and not kept.
+        const PropertyBag* saved = nullptr;
     };
 
     // A control with all of Qt's default services.
     explicit Tabulon12Widget(QWidget* parent = nullptr);
     // A control with the host's services where it gives them, the defaults elsewhere.
     explicit Tabulon12Widget(const Services& services, QWidget* parent = nullptr);
+    // The control `controlName` of the form file, restored (see above). A form without that
+    // control fails with InvalidValue (380), naming it, before anything is made.
+    Tabulon12Widget(const FormFile& form, const std::string& controlName, QWidget* parent = nullptr);
+    Tabulon12Widget(const FormFile& form, const std::string& controlName, const Services& services,
+                    QWidget* parent = nullptr);
     ~Tabulon12Widget() override;
+
+    // The control's design into `form` as the control `controlName` of type "Tabulon12": a
+    // control of that name (without regard to case) is replaced in its place, whatever it held;
+    // otherwise the control goes at the end. The caller saves the form.
+    void SaveTo(FormFile& form, const std::string& controlName) const;
     Tabulon12Widget(const Tabulon12Widget&) = delete;
     Tabulon12Widget& operator=(const Tabulon12Widget&) = delete;
 
