@@ -2,7 +2,9 @@
 // definitions from the fields of one of them.
 #include "pages/creazione.h"
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 #include "control/tabulon12.h"
 #include "grid/values.h"
@@ -58,6 +60,30 @@ template <class T>
 T& Need(const std::shared_ptr<T>& p) {
     if (!p) throw Error::MissingObject();
     return *p;
+}
+
+// The writes of column i from field i of the source, in their order; a column's Formato,
+// Condizione, KeyID, tooltips of truth, chooser text and colours are left as they are.
+// The control is asked for at each write, so that a page without one fails at each of them.
+std::vector<std::function<void()>> ColumnWrites(const std::function<Tabulon12&()>& control, Recordset& rs,
+                                                int16_t i) {
+    const auto c = [control]() -> Tabulon12& { return control(); };
+    return {
+        [c, &rs, i] { c().setIntestazione(i, i == 0 ? std::string() : rs.FieldName(i)); },
+        [c, &rs, i] { c().setColsWidth(i, LarghezzaPerTipo(i, rs.FieldType(i))); },
+        [c, &rs, i] { c().setOrdinamento(i, rs.FieldName(i)); },
+        [c, &rs, i] { c().setCampoQuery(i, rs.FieldName(i)); },
+        [c, i] { c().setImmagineA(i, 0); },
+        [c, i] { c().setImmagineB(i, 0); },
+        [c, i] { c().setOperatoreCondizionale(i, ""); },
+        [c, &rs, i] { c().setColAlignment(i, AllineamentoPerTipo(rs.FieldType(i))); },
+        [c, i] { c().setToolTT(i, ""); },
+        [c, i] { c().setIsIperText(i, 0); },
+        [c, i] { c().setIperTextIndex(i, 0); },
+        [c, i] { c().setColonnaOpzionale(i, 0); },
+        [c, i] { c().setMostraTotCol(i, 0); },
+        [c, i] { c().setMostraBarraVert(i, false); },
+    };
 }
 
 }  // namespace
@@ -161,28 +187,42 @@ void Creazione::CreaColonne(const std::string& database, const std::string& sour
 
     int count = 0;
     steps([&] { count = Need(rs).FieldCount(); });
-    for (int n = 0; n < count; ++n) {
-        const auto i = static_cast<int16_t>(n);
-        steps([&] { Controllo().setIntestazione(i, i == 0 ? std::string() : rs->FieldName(i)); });
-        steps([&] { Controllo().setColsWidth(i, LarghezzaPerTipo(i, rs->FieldType(i))); });
-        steps([&] { Controllo().setOrdinamento(i, rs->FieldName(i)); });
-        steps([&] { Controllo().setCampoQuery(i, rs->FieldName(i)); });
-        steps([&] { Controllo().setImmagineA(i, 0); });
-        steps([&] { Controllo().setImmagineB(i, 0); });
-        steps([&] { Controllo().setOperatoreCondizionale(i, ""); });
-        steps([&] { Controllo().setColAlignment(i, AllineamentoPerTipo(rs->FieldType(i))); });
-        steps([&] { Controllo().setToolTT(i, ""); });
-        steps([&] { Controllo().setIsIperText(i, 0); });
-        steps([&] { Controllo().setIperTextIndex(i, 0); });
-        steps([&] { Controllo().setColonnaOpzionale(i, 0); });
-        steps([&] { Controllo().setMostraTotCol(i, 0); });
-        steps([&] { Controllo().setMostraBarraVert(i, false); });
-    }
+    for (int n = 0; n < count; ++n)
+        for (const auto& write : ColumnWrites([this]() -> Tabulon12& { return Controllo(); }, *rs, static_cast<int16_t>(n)))
+            steps(write);
 
     steps([&] { Need(rs).Close(); });
     steps([&] { Need(db).Close(); });
     if (steps.Failure() && steps.Failure()->number() != 0)
         messages_.MsgBox(steps.Description(), MsgBoxStyle::Critical, "");
+}
+
+std::string ColumnsFromSource(Tabulon12& control, DatabaseEngine& engine, const std::string& database,
+                              const std::string& source, const std::string& password) {
+    OpenOptions options;
+    options.connect = ConnectText(password);
+    std::shared_ptr<Database> db = engine.OpenDatabase(database, options);
+    Database& opened = Need(db);
+    try {
+        std::string query = QueryOfSource(opened, database, source);
+        std::unique_ptr<Recordset> rs = opened.OpenRecordset(query);
+        Recordset& fields = Need(rs);
+        const int count = fields.FieldCount();
+        if (count == 0) throw Error(ErrorKind::InvalidValue, 380, "The source " + source + " has no fields");
+        control.setCols(ToInt16(count));
+        for (int n = 0; n < count; ++n)
+            for (const auto& write : ColumnWrites([&control]() -> Tabulon12& { return control; }, fields, static_cast<int16_t>(n)))
+            write();
+        fields.Close();
+        opened.Close();
+        return query;
+    } catch (...) {
+        try {
+            opened.Close();
+        } catch (const Error&) {
+        }
+        throw;
+    }
 }
 
 }  // namespace TabulonLib12

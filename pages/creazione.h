@@ -85,6 +85,15 @@ int16_t AllineamentoPerTipo(int16_t type);
 // Whether the file can be opened for reading (a folder cannot); never fails.
 bool FileEsiste(const std::string& path);
 
+// The host's way to a first structure without the page: opens `database` (with `password`),
+// writes the control's Cols and columns from the fields of `source` exactly as CreaBtn does (a
+// table or view read whole, any other text run as the query it is) and answers the query it ran,
+// for the control's QueryString. Unlike the page it stops at the first failure and throws it
+// (the engine's Error; InvalidValue (380) for a source without fields, before Cols is written);
+// the database is closed in every case. DataBaseName and QueryString are left to the host.
+std::string ColumnsFromSource(Tabulon12& control, DatabaseEngine& engine, const std::string& database,
+                              const std::string& source, const std::string& password = {});
+
 class Creazione {
 public:
     // The site, the fields, the engine and the message box stay the caller's and must outlive

@@ -382,5 +382,66 @@ TEST_F(CreazioneTest, FileEsisteAnswersForFilesOnly) {
     EXPECT_FALSE(FileEsiste(""));
 }
 
+// --- The host's way: ColumnsFromSource ---
+
+TEST_F(CreazioneTest, ColumnsFromATableNameWriteWhatCreaWritesAndAnswerTheQueryThatReadsIt) {
+    const std::string path = MakeSources();
+    control->setCols(2);
+    control->setFormato(1, "Valuta");
+    const std::string query = ColumnsFromSource(*control, engine, path, "CLIENTI");
+    EXPECT_EQ(query, "SELECT * FROM \"clienti\"");
+    ASSERT_EQ(control->Cols(), 2);
+    EXPECT_EQ(control->Intestazione(0), "");
+    EXPECT_EQ(control->ColsWidthMemorizzata(0), 0);
+    EXPECT_EQ(control->Intestazione(1), "citta");
+    EXPECT_EQ(control->CampoQuery(1), "citta");
+    EXPECT_EQ(control->Ordinamento(1), "citta");
+    EXPECT_EQ(control->ColsWidthMemorizzata(1), 2000);
+    EXPECT_EQ(control->ColAlignment(1), 0);
+    EXPECT_EQ(control->Formato(1), "Valuta");  // kept, as the page keeps it
+    EXPECT_EQ(control->DataBaseName(), "");      // the host's to set
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(CreazioneTest, ColumnsFromAQueryTextRunTheTextAsItIs) {
+    const std::string path = MakeSources();
+    const std::string text = "SELECT cliente, importo, data FROM ordini ORDER BY data";
+    EXPECT_EQ(ColumnsFromSource(*control, engine, path, text), text);
+    ASSERT_EQ(control->Cols(), 3);
+    EXPECT_EQ(control->ColsWidthMemorizzata(1), 1200);
+    EXPECT_EQ(control->ColAlignment(1), 1);
+    EXPECT_EQ(control->ColsWidthMemorizzata(2), 900);
+    EXPECT_EQ(control->ColAlignment(2), 2);
+}
+
+TEST_F(CreazioneTest, ColumnsFromABadQueryThrowTheEnginesWordsAndLeaveTheColumns) {
+    const std::string path = MakeSources();
+    control->setCols(4);
+    control->setIntestazione(2, "kept");
+    try {
+        ColumnsFromSource(*control, engine, path, "SELECT nessuno FROM ordini");
+        FAIL() << "a query over a missing field made columns";
+    } catch (const Error& e) {
+        EXPECT_EQ(e.kind(), ErrorKind::Database);
+        EXPECT_NE(e.description().find("nessuno"), std::string::npos) << e.description();
+    }
+    EXPECT_EQ(control->Cols(), 4);
+    EXPECT_EQ(control->Intestazione(2), "kept");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(CreazioneTest, ColumnsFromAFileThatIsNoDatabaseThrowAndShowNothing) {
+    EXPECT_THROW(ColumnsFromSource(*control, engine, "/etc/passwd", "t"), Error);
+    EXPECT_EQ(control->Cols(), 1);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(CreazioneTest, ColumnsFromAStatementThatReadsNothingAreRefusedAndTheColumnsKept) {
+    const std::string path = MakeSources();
+    control->setCols(3);
+    EXPECT_THROW(ColumnsFromSource(*control, engine, path, "UPDATE clienti SET nome = nome"), Error);
+    EXPECT_EQ(control->Cols(), 3);
+}
+
 }  // namespace
 }  // namespace TabulonLib12::testing

@@ -14,6 +14,7 @@
 #include "platform/ui/text_metrics.h"
 #include "tests/pages/page_doubles.h"
 #include "tests/postgres/pg_fixture.h"
+#include "tests/support/probe.h"
 #include "tests/support/test_doubles.h"
 
 namespace TabulonLib12::testing {
@@ -151,6 +152,28 @@ TEST_F(CreazionePgTest, TheServerDatabaseIsUnchangedByTheRoutines) {
     EXPECT_EQ(Admin().Scalar("SELECT count(*) FROM " + schema_->name() + ".t"), "2");
     EXPECT_EQ(control->Cols(), 1);
     EXPECT_EQ(control->CampoQuery(0), "id");
+}
+
+TEST_F(CreazionePgTest, ColumnsFromAServerTableForAHostAnswerTheQueryThatReadsIt) {
+    Exec("CREATE TABLE ordini_aperti(id integer, cliente text, importo numeric(10,2))");
+    const std::string query = ColumnsFromSource(*control, engine_, schema_->Uri(), "ORDINI_APERTI", ServerPassword());
+    ASSERT_EQ(control->Cols(), 3);
+    EXPECT_EQ(control->ColsWidthMemorizzata(2), 1200);
+    EXPECT_EQ(control->ColAlignment(2), 1);
+    // The query runs as it is on the same server.
+    control->setDataBaseName(schema_->Uri());
+    Tabulon12Probe::Of(*control).Password = ServerPassword();  // as a restored design holds it
+    control->setQueryString(query);
+    control->Carica();
+    EXPECT_EQ(control->RighePiene(), 0);
+    EXPECT_TRUE(messages.shown.empty()) << messages.shown[0].prompt;
+}
+
+TEST_F(CreazionePgTest, ColumnsFromAServerQueryWithoutFieldsAreRefusedAndTheColumnsKept) {
+    Exec("CREATE TABLE t(id integer)");
+    control->setCols(3);
+    EXPECT_THROW(ColumnsFromSource(*control, engine_, schema_->Uri(), "SELECT FROM t", ServerPassword()), Error);
+    EXPECT_EQ(control->Cols(), 3);
 }
 
 }  // namespace
