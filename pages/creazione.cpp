@@ -86,6 +86,16 @@ std::vector<std::function<void()>> ColumnWrites(const std::function<Tabulon12&()
     };
 }
 
+// The first format of a column whose field is of `type`: dates and currency as such, the rest as
+// they are stored.
+const char* FormatoPerTipo(int16_t type) {
+    switch (type) {
+        case 5: return "Valuta";
+        case 8: return "Data";
+        default: return "Nessuno";
+    }
+}
+
 }  // namespace
 
 int16_t LarghezzaPerTipo(int index, int16_t type) {
@@ -210,9 +220,11 @@ std::string ColumnsFromSource(Tabulon12& control, DatabaseEngine& engine, const 
         const int count = fields.FieldCount();
         if (count == 0) throw Error(ErrorKind::InvalidValue, 380, "The source " + source + " has no fields");
         control.setCols(ToInt16(count));
-        for (int n = 0; n < count; ++n)
-            for (const auto& write : ColumnWrites([&control]() -> Tabulon12& { return control; }, fields, static_cast<int16_t>(n)))
-            write();
+        for (int n = 0; n < count; ++n) {
+            const auto i = static_cast<int16_t>(n);
+            for (const auto& write : ColumnWrites([&control]() -> Tabulon12& { return control; }, fields, i)) write();
+            if (control.Formato(i).empty()) control.setFormato(i, FormatoPerTipo(fields.FieldType(i)));
+        }
         fields.Close();
         opened.Close();
         return query;

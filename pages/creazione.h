@@ -88,7 +88,10 @@ bool FileEsiste(const std::string& path);
 // The host's way to a first structure without the page: opens `database` (with `password`),
 // writes the control's Cols and columns from the fields of `source` exactly as CreaBtn does (a
 // table or view read whole, any other text run as the query it is) and answers the query it ran,
-// for the control's QueryString. Unlike the page it stops at the first failure and throws it
+// for the control's QueryString. A column left without a format (a new one) then takes "Data"
+// for a date field, "Valuta" for a currency field and "Nessuno" for any other, so that the host's
+// list shows its values without a visit to the column editor (a column the page adds shows
+// nothing until a format is set). Unlike the page it stops at the first failure and throws it
 // (the engine's Error; InvalidValue (380) for a source without fields, before Cols is written);
 // the database is closed in every case. DataBaseName and QueryString are left to the host.
 std::string ColumnsFromSource(Tabulon12& control, DatabaseEngine& engine, const std::string& database,

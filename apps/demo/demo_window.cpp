@@ -4,6 +4,9 @@
 #include <QVBoxLayout>
 #include <exception>
 
+#include "grid/values.h"
+#include "pages/creazione.h"
+#include "platform/qt/qt_host_window.h"
 #include "platform/runtime/error.h"
 #include "status_pictures.h"
 
@@ -11,55 +14,54 @@ namespace TabulonLib12::Demo {
 
 namespace {
 
-struct ColumnDesign {
-    const char* heading;
-    const char* field;
-    const char* format;
-    int16_t width;      // twips, for the design width of the control
-    int16_t alignment;  // 0 left, 1 right, 2 centred
-    const char* choice = nullptr;  // the column chooser's caption of an optional column
-};
+constexpr const char* kFormName = "FormDemo";
 
-// The orders as the demo shows them: the key, the customer and city, the date, the quantity
-// and the amount (both totalled under the list), whether it is paid, and the customer's row
-// colour, kept in a column of width 0.
-constexpr ColumnDesign kColumns[] = {
-    {"N.", "id", "Nessuno", 900, 1},
-    {"Cliente", "customer", "Nessuno", 3900, 0},
-    {"Città", "city", "Nessuno", 2100, 0, "Mostra la città"},
-    {"Data", "order_date", "Data", 1400, 2, "Mostra la data"},
-    {"Quantità", "quantity", "Numerico", 1200, 1, "Mostra la quantità"},
-    {"Importo", "amount", "Valuta", 1800, 1},
-    {"", "paid", "Nessuno", 1000, 2},  // headed by its picture, whose tooltip names it
-    {"Colore", "colour", "Nessuno", 0, 0},
-};
-constexpr int16_t kQuantityColumn = 4;
-constexpr int16_t kAmountColumn = 5;
-constexpr int16_t kPaidColumn = 6;
-constexpr int16_t kColourColumn = 7;
-constexpr const char* kQuery =
-    "SELECT id, customer, city, order_date, quantity, amount, paid, colour FROM v_orders ORDER BY id";
+std::string StoredText(const PropertyBag& design, const char* key) {
+    const PropertyValue value = design.ReadProperty(key, std::string());
+    const auto* text = std::get_if<std::string>(&value);
+    return text ? *text : std::string();
+}
 
 }  // namespace
 
-DemoWindow::DemoWindow(const std::string& databasePath, const std::string& choiceFile)
-    : databasePath_(databasePath), choiceFile_(choiceFile) {
+DemoWindow::DemoWindow(const DemoSetup& setup) : database_(setup.database) {
+    const std::string formName = setup.document ? setup.document->Form().FormName() : kFormName;
     setWindowTitle(QStringLiteral("Tabulon12 demo"));
-    setObjectName(QStringLiteral("FormDemo"));
+    setObjectName(QString::fromStdString(formName));
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->setSpacing(6);
 
+    // The host form is this window: it holds the image list that a design finds by name, and
+    // its wheel scrolls the list wherever the pointer is. It is ready before the control reads
+    // its design, which looks both up.
+    form_ = std::make_shared<HostForm>(formName);
+    form_->setWindow(std::make_shared<QtHostWindow>(this));
+    form_->Add(std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()}));
+    Tabulon12Widget::Services services;
+    services.host.parentForm = form_;
+
     // The control with Qt's services, the engine for files and servers included.
-    list_ = new Tabulon12Widget(central);
+    if (setup.document) {
+        MemoryPropertyBag design = setup.document->DesignForHost();
+        if (!setup.database.empty()) design.Set("DataBaseName", setup.database);
+        if (!setup.query.empty()) design.Set("QueryString", setup.query);
+        if (!setup.choices.empty()) design.Set("FileScelta", setup.choices);
+        else if (StoredText(design, "FileScelta").empty() && !setup.defaultChoices.empty())
+            design.Set("FileScelta", setup.defaultChoices);
+        password_ = StoredText(design, "Password");
+        designedQuery_ = StoredText(design, "QueryString");  // the getter answers it after a load
+        services.saved = &design;
+        list_ = new Tabulon12Widget(services, central);
+    } else {
+        query_ = setup.query;
+        list_ = new Tabulon12Widget(services, central);
+        Control().setFormContenitore(form_);
+        Control().setWheelStatus(true);
+    }
     list_->setMinimumSize(400, 300);
     list_->setEvents(this);
-    // The host form is this window: it holds the image list that the control finds by name, and
-    // its wheel scrolls the list wherever the pointer is.
-    form_ = list_->WindowForm();
-    form_->Add(std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()}));
-    Control().setFormContenitore(form_);
 
     layout->addWidget(list_, 1);
     layout->addWidget(new QLabel(QStringLiteral("Eventi del controllo"), central));
@@ -80,10 +82,18 @@ DemoWindow::~DemoWindow() {
     log_ = nullptr;
 }
 
-std::optional<std::string> DemoWindow::ReadProblem() {
+std::optional<std::string> DemoWindow::Prepare() {
     try {
-        std::shared_ptr<Database> db = list_->Engine().OpenDatabase(databasePath_, OpenOptions{});
-        db->OpenRecordset(kQuery)->Close();
+        Tabulon12& c = Control();
+        if (!query_.empty()) {
+            c.setDataBaseName(database_);
+            c.setQueryString(ColumnsFromSource(c, list_->Engine(), database_, query_));
+            return std::nullopt;
+        }
+        OpenOptions options;
+        options.connect = ConnectText(password_);
+        std::shared_ptr<Database> db = list_->Engine().OpenDatabase(c.DataBaseName(), options);
+        db->OpenRecordset(designedQuery_)->Close();
         db->Close();
         return std::nullopt;
     } catch (const Error& e) {
@@ -94,42 +104,9 @@ std::optional<std::string> DemoWindow::ReadProblem() {
 }
 
 void DemoWindow::Load() {
-    Tabulon12& c = Control();
-    const int16_t count = static_cast<int16_t>(std::size(kColumns));
-    c.setCols(count);
-    for (int16_t i = 0; i < count; ++i) {
-        c.setIntestazione(i, kColumns[i].heading);
-        c.setCampoQuery(i, kColumns[i].field);
-        c.setFormato(i, kColumns[i].format);
-        c.setColsWidth(i, kColumns[i].width);
-        c.setColAlignment(i, kColumns[i].alignment);
-        if (kColumns[i].choice) {
-            c.setColonnaOpzionale(i, 1);
-            c.setTestoScelta(i, kColumns[i].choice);
-            c.setBackColorCol(i, 0xFFFFFF);
-        }
-    }
-    // The user hides the optional columns with the chooser at the top right; the choice lives
-    // in its file.
-    c.setConsentiSceltaColonne(true);
-    c.setFileScelta(choiceFile_);
-    c.setWheelStatus(true);
-    // The payment column shows a picture by a condition on its truth value.
-    c.setCondizione(kPaidColumn, "True");
-    c.setOperatoreCondizionale(kPaidColumn, "=");
-    c.setImageLista("ImmaginiStato");
-    c.setImmagineA(kPaidColumn, 1);
-    c.setImmagineB(kPaidColumn, 2);
-    c.setToolTT(kPaidColumn, "Pagato");
-    c.setStileTesta(StileTestaType::Ice);
-    c.setStileTestaOver(StileTestaType::Sky);
-    c.setColonnaColore(kColourColumn);
-    c.setMostraTotCol(kQuantityColumn, 1);
-    c.setMostraTotCol(kAmountColumn, 1);
-    c.setTestoCount("Righe visualizzate:");
-    c.setDataBaseName(databasePath_);
-    c.setQueryString(kQuery);
-    c.Carica();
+    // New columns show from the next structure build; a restored design has built its own.
+    if (!query_.empty()) Control().CaricaStruttura();
+    Control().Carica();
 }
 
 void DemoWindow::Log(const QString& line) { log_->appendPlainText(line); }

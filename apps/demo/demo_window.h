@@ -1,6 +1,7 @@
 #pragma once
-// The demo's main window: the control over the sample database's orders, and a log pane where
-// every event the control raises is written.
+// The demo's main window: a list and a log pane where every event the control raises is
+// written. The list is either the design of a form file (the sample's orders by default) or, for
+// a query given on the command line, a new list whose columns come from the query's fields.
 #include <QMainWindow>
 #include <QPlainTextEdit>
 #include <memory>
@@ -8,20 +9,34 @@
 #include <string>
 
 #include "control/tabulon12.h"
+#include "widgets/form_document.h"
 #include "widgets/tabulon12_widget.h"
 
 namespace TabulonLib12::Demo {
 
+// What the window shows: the list `controlName` of the form `document`, with the database and
+// the query given on the command line (when not empty) in place of the design's; or, without a
+// document, a new list of `query` (a table, a view or a query text) on `database`.
+struct DemoSetup {
+    const FormDocument* document = nullptr;
+    std::string database;
+    std::string query;
+    // The file of the user's choice of columns: `choices` when given, else `defaultChoices`
+    // where the design names none (none kept when both are empty).
+    std::string choices;
+    std::string defaultChoices;
+};
+
 class DemoWindow final : public QMainWindow, private Tabulon12Events {
 public:
-    // `choiceFile` keeps the user's choice of columns (none kept when empty).
-    DemoWindow(const std::string& databasePath, const std::string& choiceFile);
+    explicit DemoWindow(const DemoSetup& setup);
     ~DemoWindow() override;
-    // Why the orders cannot be read, in the engine's own words, or nothing when they can: opens
-    // the database through the control's engine and a recordset on the list's query, then closes
-    // both.
-    std::optional<std::string> ReadProblem();
-    // Defines the columns and loads the orders.
+    // Makes the list ready to load and answers why it cannot be read, in the engine's own words,
+    // or nothing when it can: a new list takes its columns from the query's fields; a designed
+    // one opens its database and a recordset on its query through the control's engine and
+    // closes both.
+    std::optional<std::string> Prepare();
+    // Loads the list.
     void Load();
     void Log(const QString& line);
     Tabulon12& Control() { return list_->Control(); }
@@ -49,8 +64,10 @@ private:
                        std::string& TestoIperTxt) override;
     void Resize() override;
 
-    std::string databasePath_;
-    std::string choiceFile_;
+    std::string database_;
+    std::string query_;     // of a new list; empty for a designed one
+    std::string password_;       // of a designed list, for the check of Prepare
+    std::string designedQuery_;  // likewise
     std::shared_ptr<HostForm> form_;
     Tabulon12Widget* list_ = nullptr;  // owned by the window, with its control and services
     QPlainTextEdit* log_ = nullptr;

@@ -1,8 +1,16 @@
-// The demo host: a window with a list of orders from the bundled sample database.
+// The demo host: a window with a list of orders from the bundled sample database, whose design
+// is the sample's form file (sample/demo.form.json).
 //   tabulon_demo                     shows the window (or, without a display, writes a screenshot)
 //   tabulon_demo --screenshot FILE   writes the window as a PNG file and exits
-//   tabulon_demo --database NAME     reads the orders from another database with the sample's
-//                                    schema: a SQLite file or a postgresql:// URI
+//   tabulon_demo --database NAME     reads the list from another database: a SQLite file or a
+//                                    postgresql:// URI (with the sample's form, one with the
+//                                    sample's schema)
+//   tabulon_demo --query TEXT        shows a new list of TEXT, a table or view of the database or
+//                                    a query, with one column per field made by the structure
+//                                    page's type table
+//   tabulon_demo --form FILE         shows the list designed in a form file (its first list, or
+//                                    the one named by --control NAME); --database and --query
+//                                    then take the place of the design's
 //   tabulon_demo --styles FILE       writes a sheet of the ten heading styles, one small list
 //                                    each, as a PNG file and exits
 //   tabulon_demo --choices FILE      keeps the choice of columns made with the column chooser in
@@ -18,6 +26,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 
 #include "demo_window.h"
@@ -43,12 +52,21 @@ bool HasDisplay() {
 
 int Usage() {
     std::fprintf(stderr,
-                 "usage: tabulon_demo [--screenshot FILE] [--database NAME] [--styles FILE] [--choices FILE]\n");
+                 "usage: tabulon_demo [--screenshot FILE] [--database NAME] [--query TEXT] [--form FILE [--control NAME]]\n"
+                 "                    [--styles FILE] [--choices FILE]\n");
     return 2;
 }
 
 // The orders cannot be read: a box says so first when the demo runs in a window; standard error
 // always does. Answers the exit code.
+// The form file cannot be opened: said as CannotRead says it.
+int CannotOpen(bool windowed, const std::string& problem) {
+    const std::string message = "the form cannot be opened: " + problem;
+    if (windowed) TabulonLib12::QtMessageBox().MsgBox(message, TabulonLib12::MsgBoxStyle::Critical, "");
+    std::fprintf(stderr, "tabulon_demo: %s\n", message.c_str());
+    return 1;
+}
+
 int CannotRead(QWidget& window, bool windowed, const std::string& database, const std::string& problem) {
     const std::string message = "the list cannot be read from " + database + ": " + problem;
     if (windowed) TabulonLib12::QtMessageBox(&window).MsgBox(message, TabulonLib12::MsgBoxStyle::Critical, "");
@@ -88,14 +106,23 @@ int main(int argc, char** argv) {
     std::string screenshot;
     std::string styles;
     std::string choices;
-    std::string database = TABULON_SAMPLE_DB;
+    std::string database;
+    std::string query;
+    std::string formPath;
+    std::string controlName;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--screenshot") == 0 && i + 1 < argc) screenshot = argv[++i];
         else if (std::strcmp(argv[i], "--database") == 0 && i + 1 < argc) database = argv[++i];
+        else if (std::strcmp(argv[i], "--query") == 0 && i + 1 < argc) query = argv[++i];
+        else if (std::strcmp(argv[i], "--form") == 0 && i + 1 < argc) formPath = argv[++i];
+        else if (std::strcmp(argv[i], "--control") == 0 && i + 1 < argc) controlName = argv[++i];
         else if (std::strcmp(argv[i], "--styles") == 0 && i + 1 < argc) styles = argv[++i];
         else if (std::strcmp(argv[i], "--choices") == 0 && i + 1 < argc) choices = argv[++i];
         else return Usage();
     }
+    if (!controlName.empty() && formPath.empty()) return Usage();
+    // A query alone makes a new list; otherwise the list is a form's, the sample's by default.
+    if (formPath.empty() && query.empty()) formPath = TABULON_SAMPLE_FORM;
     if (!HasDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         if (screenshot.empty() && styles.empty()) screenshot = kDefaultScreenshot;
@@ -106,12 +133,26 @@ int main(int argc, char** argv) {
     // A platform chosen by the caller may have no display either: nobody could close the window.
     if (TabulonLib12::QtMessageBox::Headless() && screenshot.empty()) screenshot = kDefaultScreenshot;
 
-    if (!styles.empty()) return WriteStyleSheet(database, styles);
+    if (!styles.empty()) return WriteStyleSheet(database.empty() ? TABULON_SAMPLE_DB : database, styles);
 
     const bool windowed = screenshot.empty();
-    if (choices.empty() && windowed) choices = DefaultChoiceFile();
-    TabulonLib12::Demo::DemoWindow window(database, choices);
-    if (const auto problem = window.ReadProblem()) return CannotRead(window, windowed, database, *problem);
+    TabulonLib12::Demo::DemoSetup setup;
+    std::optional<TabulonLib12::FormDocument> document;
+    if (!formPath.empty()) {
+        try {
+            document = TabulonLib12::FormDocument::Open(formPath, controlName);
+        } catch (const TabulonLib12::Error& e) {
+            return CannotOpen(windowed, e.description());
+        }
+        setup.document = &*document;
+    }
+    setup.database = database.empty() && !document ? TABULON_SAMPLE_DB : database;
+    setup.query = query;
+    setup.choices = choices;
+    if (windowed) setup.defaultChoices = DefaultChoiceFile();
+    TabulonLib12::Demo::DemoWindow window(setup);
+    if (const auto problem = window.Prepare())
+        return CannotRead(window, windowed, window.Control().DataBaseName(), *problem);
     if (!windowed) {
         window.resize(1000, 700);
         window.show();
@@ -120,7 +161,7 @@ int main(int argc, char** argv) {
     try {
         window.Load();
     } catch (const TabulonLib12::Error& e) {
-        return CannotRead(window, windowed, database, e.description());
+        return CannotRead(window, windowed, window.Control().DataBaseName(), e.description());
     }
 
     if (!screenshot.empty()) {

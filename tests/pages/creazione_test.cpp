@@ -414,6 +414,18 @@ TEST_F(CreazioneTest, ColumnsFromAQueryTextRunTheTextAsItIs) {
     EXPECT_EQ(control->ColAlignment(2), 2);
 }
 
+TEST_F(CreazioneTest, ColumnsFromASourceGiveNewColumnsAFormatByTheirFieldsType) {
+    const std::string path = MakeSources();
+    control->setCols(2);
+    control->setFormato(1, "Numerico");
+    ColumnsFromSource(*control, engine, path, "SELECT id, cliente, data, importo, quantita FROM ordini");
+    EXPECT_EQ(control->Formato(0), "Nessuno");   // a new instance's column 0
+    EXPECT_EQ(control->Formato(1), "Numerico");  // a column's own format is kept
+    EXPECT_EQ(control->Formato(2), "Data");
+    EXPECT_EQ(control->Formato(3), "Valuta");
+    EXPECT_EQ(control->Formato(4), "Nessuno");
+}
+
 TEST_F(CreazioneTest, ColumnsFromABadQueryThrowTheEnginesWordsAndLeaveTheColumns) {
     const std::string path = MakeSources();
     control->setCols(4);
