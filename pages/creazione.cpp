@@ -207,6 +207,26 @@ void Creazione::CreaColonne(const std::string& database, const std::string& sour
         messages_.MsgBox(steps.Description(), MsgBoxStyle::Critical, "");
 }
 
+std::string SourceQuery(DatabaseEngine& engine, const std::string& database, const std::string& source,
+                        const std::string& password) {
+    OpenOptions options;
+    options.connect = ConnectText(password);
+    std::shared_ptr<Database> db = engine.OpenDatabase(database, options);
+    Database& opened = Need(db);
+    std::string query;
+    try {
+        query = QueryOfSource(opened, database, source);
+    } catch (...) {
+        try {
+            opened.Close();
+        } catch (const Error&) {
+        }
+        throw;
+    }
+    opened.Close();
+    return query;
+}
+
 std::string ColumnsFromSource(Tabulon12& control, DatabaseEngine& engine, const std::string& database,
                               const std::string& source, const std::string& password) {
     OpenOptions options;

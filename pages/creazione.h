@@ -97,6 +97,12 @@ bool FileEsiste(const std::string& path);
 std::string ColumnsFromSource(Tabulon12& control, DatabaseEngine& engine, const std::string& database,
                               const std::string& source, const std::string& password = {});
 
+// The query that reads `source` of `database` as the page reads it: SELECT * FROM a table or view
+// of that name (compared without regard to case), any other text as it is. Opens the database
+// for the names and closes it; the engine's failures pass through.
+std::string SourceQuery(DatabaseEngine& engine, const std::string& database, const std::string& source,
+                        const std::string& password = {});
+
 class Creazione {
 public:
     // The site, the fields, the engine and the message box stay the caller's and must outlive

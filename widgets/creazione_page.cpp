@@ -78,6 +78,10 @@ CreazionePage::CreazionePage(DatabaseEngine& engine, QWidget* parent, MessageBox
     };
     connect(f.dbOk, &QPushButton::clicked, this, guarded([](Creazione& c) { c.DBok_Click(); }));
     connect(f.creaBtn, &QPushButton::clicked, this, guarded([](Creazione& c) { c.CreaBtn_Click(); }));
+    // After the page's own routine, whatever its outcome: the frame shows the new structure.
+    connect(f.creaBtn, &QPushButton::clicked, this, [this] {
+        emit creaDone(form_->aTextDB->Text(), form_->aComboTabella->Text());
+    });
 }
 
 CreazionePage::~CreazionePage() {

@@ -39,6 +39,11 @@ public:
 
     Creazione& Logic();
 
+signals:
+    // "Crea" was pressed and its routine has run (it tells its own failures): the database and
+    // the source the page shows, for the frame to show the control's new structure.
+    void creaDone(const std::string& database, const std::string& source);
+
 private:
     struct Form;
     std::unique_ptr<Form> form_;

@@ -5,10 +5,10 @@
 #include <exception>
 
 #include "grid/values.h"
+#include "apps/shared/sample_pictures.h"
 #include "pages/creazione.h"
 #include "platform/qt/qt_host_window.h"
 #include "platform/runtime/error.h"
-#include "status_pictures.h"
 
 namespace TabulonLib12::Demo {
 
@@ -38,7 +38,7 @@ DemoWindow::DemoWindow(const DemoSetup& setup) : database_(setup.database) {
     // its design, which looks both up.
     form_ = std::make_shared<HostForm>(formName);
     form_->setWindow(std::make_shared<QtHostWindow>(this));
-    form_->Add(std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()}));
+    form_->Add(Apps::SampleImageList());
     Tabulon12Widget::Services services;
     services.host.parentForm = form_;
 

@@ -29,6 +29,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/shared/display.h"
 #include "demo_window.h"
 #include "style_sheet.h"
 #include "platform/qt/qt_message_box.h"
@@ -38,17 +39,6 @@
 namespace {
 
 constexpr const char* kDefaultScreenshot = "tabulon_demo.png";
-
-bool HasDisplay() {
-    const char* platform = std::getenv("QT_QPA_PLATFORM");
-    if (platform && std::strncmp(platform, "offscreen", 9) == 0) return false;
-    if (platform && *platform) return true;  // the caller chose a platform
-    auto set = [](const char* name) {
-        const char* v = std::getenv(name);
-        return v && *v;
-    };
-    return set("DISPLAY") || set("WAYLAND_DISPLAY");
-}
 
 int Usage() {
     std::fprintf(stderr,
@@ -123,7 +113,7 @@ int main(int argc, char** argv) {
     if (!controlName.empty() && formPath.empty()) return Usage();
     // A query alone makes a new list; otherwise the list is a form's, the sample's by default.
     if (formPath.empty() && query.empty()) formPath = TABULON_SAMPLE_FORM;
-    if (!HasDisplay()) {
+    if (!TabulonLib12::Apps::HasDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         if (screenshot.empty() && styles.empty()) screenshot = kDefaultScreenshot;
     }

@@ -403,6 +403,17 @@ TEST_F(CreazioneTest, ColumnsFromATableNameWriteWhatCreaWritesAndAnswerTheQueryT
     EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(CreazioneTest, TheQueryOfASourceReadsATableOrViewWholeAndTakesAnyOtherTextAsItIs) {
+    const std::string path = MakeSources();
+    EXPECT_EQ(SourceQuery(engine, path, "Grandi"), "SELECT * FROM \"grandi\"");
+    EXPECT_EQ(SourceQuery(engine, path, "SELECT nome FROM clienti"), "SELECT nome FROM clienti");
+    EXPECT_EQ(control->Cols(), 1);
+    EXPECT_THROW(SourceQuery(engine, "/etc/passwd", "t"), Error);
+    // The database is closed again: the file can go at once.
+    std::filesystem::remove(path);
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
 TEST_F(CreazioneTest, ColumnsFromAQueryTextRunTheTextAsItIs) {
     const std::string path = MakeSources();
     const std::string text = "SELECT cliente, importo, data FROM ordini ORDER BY data";

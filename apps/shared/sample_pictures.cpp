@@ -1,4 +1,4 @@
-#include "status_pictures.h"
+#include "apps/shared/sample_pictures.h"
 
 #include <QImage>
 #include <QPainter>
@@ -6,7 +6,7 @@
 
 #include "platform/qt/qt_graphics.h"
 
-namespace TabulonLib12::Demo {
+namespace TabulonLib12::Apps {
 
 namespace {
 
@@ -47,4 +47,8 @@ Picture OpenPicture() {
     });
 }
 
-}  // namespace TabulonLib12::Demo
+std::shared_ptr<ImageList> SampleImageList() {
+    return std::make_shared<ImageList>("ImmaginiStato", std::vector<Picture>{PaidPicture(), OpenPicture()});
+}
+
+}  // namespace TabulonLib12::Apps
