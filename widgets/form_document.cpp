@@ -20,13 +20,12 @@ bool IsRelativeFile(const std::string& name) {
     return !name.empty() && !IsServerDatabaseName(name) && fs::path(name).is_relative();
 }
 
-std::string StoredText(const PropertyBag& bag, const char* key) {
-    const PropertyValue value = bag.ReadProperty(key, std::string());
-    const auto* text = std::get_if<std::string>(&value);
-    return text ? *text : std::string();
-}
-
 }  // namespace
+
+std::string DesignText(const PropertyBag& design, const std::string& key) {
+    if (std::holds_alternative<Font>(design.ReadProperty(key, std::string()))) return {};
+    return design.ReadText(key, std::string());
+}
 
 FormDocument::FormDocument(std::string path, FormFile form, std::string controlName)
     : path_(std::move(path)), form_(std::move(form)), controlName_(std::move(controlName)) {}
@@ -66,7 +65,7 @@ std::string FormDocument::Folder() const {
 
 MemoryPropertyBag FormDocument::DesignForHost() const {
     MemoryPropertyBag design = HasDesign() ? form_.Properties(controlName_) : MemoryPropertyBag();
-    const std::string database = StoredText(design, kDatabaseKey);
+    const std::string database = DesignText(design, kDatabaseKey);
     if (IsRelativeFile(database))
         design.Set(kDatabaseKey, (fs::path(Folder()) / database).lexically_normal().string());
     return design;
@@ -76,15 +75,15 @@ void FormDocument::Save(const Tabulon12Widget& list, const std::string& path) {
     const std::string target = path.empty() ? path_ : path;
     // The relative name the form held, kept while the control still names that file and the
     // form stays in its folder.
-    const std::string stored = HasDesign() ? StoredText(form_.Properties(controlName_), kDatabaseKey) : std::string();
+    const std::string stored = HasDesign() ? DesignText(form_.Properties(controlName_), kDatabaseKey) : std::string();
     FormFile saved = form_;
     list.SaveTo(saved, controlName_);
     const bool sameFolder =
         fs::absolute(fs::path(target)).parent_path().lexically_normal().string() == Folder();
     if (IsRelativeFile(stored) && sameFolder) {
         MemoryPropertyBag& design = saved.Properties(controlName_);
-        const std::string absolute = StoredText(design, kDatabaseKey);
-        if (absolute == StoredText(DesignForHost(), kDatabaseKey)) design.Set(kDatabaseKey, stored);
+        const std::string absolute = DesignText(design, kDatabaseKey);
+        if (absolute == DesignText(DesignForHost(), kDatabaseKey)) design.Set(kDatabaseKey, stored);
     }
     saved.Save(target);
     form_ = std::move(saved);

@@ -16,6 +16,10 @@ namespace TabulonLib12 {
 
 class Tabulon12Widget;
 
+// The text held under `key` in a design (a number as its text), or "" where the key is absent or
+// holds a font: what a host reads of a design never fails.
+std::string DesignText(const PropertyBag& design, const std::string& key);
+
 class FormDocument {
 public:
     static constexpr const char* kControlType = "Tabulon12";

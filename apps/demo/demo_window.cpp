@@ -16,12 +16,6 @@ namespace {
 
 constexpr const char* kFormName = "FormDemo";
 
-std::string StoredText(const PropertyBag& design, const char* key) {
-    const PropertyValue value = design.ReadProperty(key, std::string());
-    const auto* text = std::get_if<std::string>(&value);
-    return text ? *text : std::string();
-}
-
 }  // namespace
 
 DemoWindow::DemoWindow(const DemoSetup& setup) : database_(setup.database) {
@@ -48,10 +42,10 @@ DemoWindow::DemoWindow(const DemoSetup& setup) : database_(setup.database) {
         if (!setup.database.empty()) design.Set("DataBaseName", setup.database);
         if (!setup.query.empty()) design.Set("QueryString", setup.query);
         if (!setup.choices.empty()) design.Set("FileScelta", setup.choices);
-        else if (StoredText(design, "FileScelta").empty() && !setup.defaultChoices.empty())
+        else if (DesignText(design, "FileScelta").empty() && !setup.defaultChoices.empty())
             design.Set("FileScelta", setup.defaultChoices);
-        password_ = StoredText(design, "Password");
-        designedQuery_ = StoredText(design, "QueryString");  // the getter answers it after a load
+        password_ = DesignText(design, "Password");
+        designedQuery_ = DesignText(design, "QueryString");  // the getter answers it after a load
         services.saved = &design;
         list_ = new Tabulon12Widget(services, central);
     } else {

@@ -20,7 +20,6 @@
 // (in a window, after a message box) and exit code 1; a bad argument ends it with code 2.
 #include <QApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <clocale>
 #include <cstdio>
@@ -33,7 +32,6 @@
 #include "demo_window.h"
 #include "style_sheet.h"
 #include "platform/qt/qt_message_box.h"
-#include "platform/qt/screenshot.h"
 #include "platform/runtime/error.h"
 
 namespace {
@@ -70,15 +68,7 @@ int WriteStyleSheet(const std::string& database, const std::string& path) {
     sheet.adjustSize();
     sheet.show();
     QApplication::processEvents();
-    try {
-        TabulonLib12::SaveWidgetPng(sheet, path);
-    } catch (const TabulonLib12::Error& e) {
-        std::fprintf(stderr, "Style sheet not written to %s: %s\n", path.c_str(), e.description().c_str());
-        return 1;
-    }
-    const QString where = QFileInfo(QString::fromStdString(path)).absoluteFilePath();
-    std::printf("Style sheet written to %s\n", where.toLocal8Bit().constData());
-    return 0;
+    return TabulonLib12::Apps::WritePng(sheet, path, "Style sheet");
 }
 
 // colonne.txt in the user's configuration folder for the demo, which is made if missing; none
@@ -156,15 +146,7 @@ int main(int argc, char** argv) {
 
     if (!screenshot.empty()) {
         QApplication::processEvents();
-        try {
-            TabulonLib12::SaveWidgetPng(window, screenshot);
-        } catch (const TabulonLib12::Error& e) {
-            std::fprintf(stderr, "Screenshot not written to %s: %s\n", screenshot.c_str(), e.description().c_str());
-            return 1;
-        }
-        const QString where = QFileInfo(QString::fromStdString(screenshot)).absoluteFilePath();
-        std::printf("Screenshot written to %s\n", where.toLocal8Bit().constData());
-        return 0;
+        return TabulonLib12::Apps::WritePng(window, screenshot, "Screenshot");
     }
     window.show();
     return QApplication::exec();

@@ -20,12 +20,6 @@ namespace TabulonLib12::Designer {
 
 namespace {
 
-std::string StoredText(const PropertyBag& design, const char* key) {
-    const PropertyValue value = design.ReadProperty(key, std::string());
-    const auto* text = std::get_if<std::string>(&value);
-    return text ? *text : std::string();
-}
-
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
@@ -45,7 +39,7 @@ DesignerWindow::DesignerWindow(FormDocument document, const std::string& databas
     services.host.parentForm = form_;
     services.host.messages = messages_;
     const MemoryPropertyBag design = document_.DesignForHost();
-    password_ = StoredText(design, "Password");
+    password_ = DesignText(design, "Password");
     if (document_.HasDesign()) services.saved = &design;
 
     auto* splitter = new QSplitter(Qt::Horizontal, this);
@@ -112,7 +106,7 @@ DesignerWindow::DesignerWindow(FormDocument document, const std::string& databas
         Fail(e.description());
     }
     database_->setText(Q(c.DataBaseName()));
-    query_->setText(Q(query.empty() ? StoredText(design, "QueryString") : c.QueryString()));
+    query_->setText(Q(query.empty() ? DesignText(design, "QueryString") : c.QueryString()));
 
     connect(apply_, &QPushButton::clicked, this, [this] { Apply(); });
     connect(save, &QPushButton::clicked, this, [this] { Save(); });

@@ -13,7 +13,6 @@
 // message on standard error (in a window, after a message box) and exit code 1; a bad argument
 // ends it with code 2.
 #include <QApplication>
-#include <QFileInfo>
 #include <clocale>
 #include <cstdio>
 #include <cstring>
@@ -24,7 +23,6 @@
 #include "apps/shared/display.h"
 #include "designer_window.h"
 #include "platform/qt/qt_message_box.h"
-#include "platform/qt/screenshot.h"
 #include "platform/runtime/error.h"
 
 namespace {
@@ -98,13 +96,5 @@ int main(int argc, char** argv) {
     if (windowed) return QApplication::exec();
 
     QApplication::processEvents();
-    try {
-        SaveWidgetPng(*window, screenshot);
-    } catch (const Error& e) {
-        std::fprintf(stderr, "Screenshot not written to %s: %s\n", screenshot.c_str(), e.description().c_str());
-        return 1;
-    }
-    const QString where = QFileInfo(QString::fromStdString(screenshot)).absoluteFilePath();
-    std::printf("Screenshot written to %s\n", where.toLocal8Bit().constData());
-    return 0;
+    return Apps::WritePng(*window, screenshot, "Screenshot");
 }

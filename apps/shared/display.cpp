@@ -1,7 +1,13 @@
 #include "apps/shared/display.h"
 
+#include <QFileInfo>
+#include <QWidget>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+
+#include "platform/qt/screenshot.h"
+#include "platform/runtime/error.h"
 
 namespace TabulonLib12::Apps {
 
@@ -14,6 +20,18 @@ bool HasDisplay() {
         return v && *v;
     };
     return set("DISPLAY") || set("WAYLAND_DISPLAY");
+}
+
+int WritePng(QWidget& widget, const std::string& path, const char* what) {
+    try {
+        SaveWidgetPng(widget, path);
+    } catch (const Error& e) {
+        std::fprintf(stderr, "%s not written to %s: %s\n", what, path.c_str(), e.description().c_str());
+        return 1;
+    }
+    const QString where = QFileInfo(QString::fromStdString(path)).absoluteFilePath();
+    std::printf("%s written to %s\n", what, where.toLocal8Bit().constData());
+    return 0;
 }
 
 }  // namespace TabulonLib12::Apps

@@ -37,26 +37,9 @@ CellGrid& GridOf(Tabulon12Widget& widget) {
     throw std::runtime_error("the control shows no cell surface");
 }
 
-// The visible heading caption of the control that reads `caption`, or null.
-const Label* HeadingCaption(Tabulon12Widget& widget, const std::string& caption) {
-    for (Element* e : widget.Control().Superficie().PaintOrder()) {
-        if (e->Kind() != ElementKind::Label || e->Name() != "LabelMenu") continue;
-        const auto* label = static_cast<const Label*>(e);
-        if (label->Caption() == caption && label->Visible()) return label;
-    }
-    return nullptr;
-}
-
 QRect AreaOf(const Element& e) {
     return QRect(static_cast<int>(e.SurfaceLeft() / TwipsPerPixel), static_cast<int>(e.SurfaceTop() / TwipsPerPixel),
                  static_cast<int>(e.Width() / TwipsPerPixel), static_cast<int>(e.Height() / TwipsPerPixel));
-}
-
-void Retype(QLineEdit* edit, const QString& text) {
-    edit->setFocus();
-    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, text);
 }
 
 class CampiPageGuiTest : public ::testing::Test {

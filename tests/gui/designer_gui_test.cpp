@@ -8,8 +8,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "designer_window.h"
 #include "gui_test_support.h"
@@ -20,30 +18,6 @@ namespace TabulonLib12::GuiTest {
 namespace {
 
 using Designer::DesignerWindow;
-
-std::string ReadAll(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-// The visible heading caption of the list that reads `caption`, or null.
-const Label* HeadingCaption(Tabulon12Widget& widget, const std::string& caption) {
-    for (Element* e : widget.Control().Superficie().PaintOrder()) {
-        if (e->Kind() != ElementKind::Label || e->Name() != "LabelMenu") continue;
-        const auto* label = static_cast<const Label*>(e);
-        if (label->Caption() == caption && label->Visible()) return label;
-    }
-    return nullptr;
-}
-
-void Retype(QLineEdit* edit, const QString& text) {
-    edit->setFocus();
-    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, text);
-}
 
 class DesignerGuiTest : public ::testing::Test {
 protected:

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "gui_test_support.h"
 #include "tests/db/sqlite_fixture.h"
@@ -15,13 +13,6 @@ namespace TabulonLib12::GuiTest {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string ReadAll(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
 
 std::string StoredDatabase(const FormFile& form, const std::string& control) {
     return std::get<std::string>(form.Properties(control).ReadProperty("DataBaseName", std::string()));

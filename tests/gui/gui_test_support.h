@@ -3,16 +3,22 @@
 #include <QApplication>
 #include <QColor>
 #include <QImage>
+#include <QLineEdit>
 #include <QRect>
 #include <QTest>
 #include <cmath>
 #include <cstdlib>
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <string>
 
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/qt/qt_timer_service.h"
 #include "platform/qt/surface_widget.h"
 #include "platform/ui/cell_grid.h"
+#include "platform/ui/elements.h"
+#include "widgets/tabulon12_widget.h"
 
 namespace TabulonLib12::GuiTest {
 
@@ -50,6 +56,30 @@ inline int CountDiffering(const QImage& image, const QRect& area, Colour back) {
 inline int CountExactly(const QImage& image, const QRect& area, Colour colour) {
     const QColor want = ColourOf(colour);
     return CountPixels(image, area, [&](const QColor& c) { return c.rgb() == want.rgb(); });
+}
+
+// The visible heading caption of the list that reads `caption`, or null.
+inline const Label* HeadingCaption(Tabulon12Widget& widget, const std::string& caption) {
+    for (Element* e : widget.Control().Superficie().PaintOrder()) {
+        if (e->Kind() != ElementKind::Label || e->Name() != "LabelMenu") continue;
+        const auto* label = static_cast<const Label*>(e);
+        if (label->Caption() == caption && label->Visible()) return label;
+    }
+    return nullptr;
+}
+
+// A file's bytes, or "" when it cannot be read.
+inline std::string ReadAll(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+// A line edit's text replaced as a user does it: select all, delete, type.
+inline void Retype(QLineEdit* edit, const QString& text) {
+    edit->setFocus();
+    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(edit, Qt::Key_Delete);
+    QTest::keyClicks(edit, text);
 }
 
 // A widget of 300 x 200 pixels with a surface of its own on a white back.
