@@ -4,8 +4,8 @@
 #include <QVBoxLayout>
 #include <exception>
 
-#include "grid/values.h"
 #include "apps/shared/sample_pictures.h"
+#include "grid/values.h"
 #include "pages/creazione.h"
 #include "platform/qt/qt_host_window.h"
 #include "platform/runtime/error.h"

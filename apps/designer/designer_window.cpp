@@ -55,7 +55,8 @@ DesignerWindow::DesignerWindow(FormDocument document, const std::string& databas
     }
     if (!document_.HasDesign() || !database.empty() || !query.empty()) c.CaricaStruttura();
 
-    auto* side = new QWidget(splitter);
+    side_ = new QWidget(splitter);
+    QWidget* side = side_;
     auto* sideLayout = new QVBoxLayout(side);
     sideLayout->setContentsMargins(6, 0, 0, 0);
     auto* data = new QGroupBox(QStringLiteral("Dati"), side);
@@ -123,6 +124,7 @@ DesignerWindow::DesignerWindow(FormDocument document, const std::string& databas
 
 DesignerWindow::~DesignerWindow() {
     // The pages edit the list: they go first, then the list with its control.
+    delete side_;
     delete takeCentralWidget();
 }
 
@@ -165,6 +167,9 @@ void DesignerWindow::OnCreaDone(const std::string& database, const std::string& 
         campi_->Logic().ApplicaModifiche();
     } catch (const Error& e) {
         Fail(e.description());
+        return;
+    } catch (const std::bad_alloc&) {
+        Fail(Error::OutOfMemory().description());
         return;
     }
     setModified(true);

@@ -71,6 +71,7 @@ private:
     MessageBoxService* messages_;
     std::shared_ptr<HostForm> form_;
     Tabulon12Widget* list_ = nullptr;
+    QWidget* side_ = nullptr;  // the data fields, the pages and the buttons
     CampiPage* campi_ = nullptr;
     CreazionePage* creazione_ = nullptr;
     QLineEdit* database_ = nullptr;

@@ -204,6 +204,17 @@ TEST_F(DesignerGuiTest, AFailedSaveSaysWhyAndLeavesTheFormFileAsItWas) {
     EXPECT_EQ(w.Document().Path(), path);
 }
 
+TEST_F(DesignerGuiTest, WithoutADisplaySaveAsSaysItNeedsOneAndWritesNothing) {
+    DesignerWindow& w = Open(FormDocument::Open(path));
+    const std::string before = ReadAll(path);
+    w.List().Control().setIntestazione(1, "Altro");
+    Click("SalvaCome");
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_NE(messages.shown[0].prompt.find("display"), std::string::npos) << messages.shown[0].prompt;
+    EXPECT_EQ(ReadAll(path), before);
+    EXPECT_EQ(w.Document().Path(), path);
+}
+
 TEST_F(DesignerGuiTest, ANewFormTakesItsColumnsFromTheQueryGiven) {
     const std::string fresh = dir.File("nuovo.form.json");
     DesignerWindow& w = Open(FormDocument(fresh, "Nuovo", "Lista1"), database, "clienti");
