@@ -2,11 +2,39 @@
 
 #include <sqlite3.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <vector>
 
 namespace TabulonBench {
+
+int64_t BenchRecords() {
+    const char* env = std::getenv("TABULON_BENCH_ROWS");
+    return env ? std::atoll(env) : 1000000;
+}
+
+RawCopy RawSqliteCopy(const std::string& path, const std::string& query) {
+    sqlite3* db = nullptr;
+    sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_stmt* st = nullptr;
+    sqlite3_prepare_v2(db, query.c_str(), -1, &st, nullptr);
+    std::string buffer;
+    std::vector<uint64_t> offsets;
+    const int columns = sqlite3_column_count(st);
+    while (sqlite3_step(st) == SQLITE_ROW) {
+        for (int c = 0; c < columns; ++c) {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(st, c));
+            offsets.push_back(buffer.size());
+            if (text) buffer.append(text, static_cast<size_t>(sqlite3_column_bytes(st, c)));
+        }
+    }
+    benchmark::DoNotOptimize(buffer.data());
+    sqlite3_finalize(st);
+    sqlite3_close(db);
+    return {buffer.size(), offsets.size()};
+}
 
 std::string MixedDatabase(int64_t rows) {
     const auto path = std::filesystem::temp_directory_path() / ("tabulon_bench_mixed_" + std::to_string(rows) + ".db");

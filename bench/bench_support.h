@@ -16,6 +16,17 @@ std::string MixedDatabase(int64_t rows);
 inline constexpr const char* kMixedQuery =
     "SELECT id, code, city, day, price, rate, qty, paid, note, colour FROM mixed ORDER BY id";
 
+// How many records the long-list benchmarks read: TABULON_BENCH_ROWS, 1,000,000 by default.
+int64_t BenchRecords();
+
+// The copying floor of a load: opens `path` read-only, steps `query` and copies the text of
+// every column of every record into one buffer with offsets, as a loader that keeps text must.
+struct RawCopy {
+    size_t textBytes = 0;
+    size_t cells = 0;
+};
+RawCopy RawSqliteCopy(const std::string& path, const std::string& query);
+
 // Resident memory of the process, and its peak since the last ResetPeak, in bytes.
 size_t ResidentBytes();
 size_t PeakResidentBytes();

@@ -17,11 +17,6 @@ using namespace TabulonBench;
 
 namespace {
 
-int64_t Records() {
-    const char* env = std::getenv("TABULON_BENCH_ROWS");
-    return env ? std::atoll(env) : 1000000;
-}
-
 // The mixed query prepared on its database, opened read-only.
 struct RawQuery {
     explicit RawQuery(const std::string& path) {
@@ -39,7 +34,7 @@ struct RawQuery {
 // The bare floor: open, prepare and step the query without reading a column; what no load of
 // the same records can go below.
 void BareSqliteStep(benchmark::State& state) {
-    const std::string path = MixedDatabase(Records());
+    const std::string path = MixedDatabase(BenchRecords());
     for (auto _ : state) {
         RawQuery query(path);
         sqlite3_stmt* st = query.st;
@@ -51,31 +46,18 @@ void BareSqliteStep(benchmark::State& state) {
 
 // The copying floor: step the query and copy each column's text into one buffer with offsets.
 void RawSqliteFloor(benchmark::State& state) {
-    const std::string path = MixedDatabase(Records());
+    const std::string path = MixedDatabase(BenchRecords());
     for (auto _ : state) {
-        RawQuery query(path);
-        sqlite3_stmt* st = query.st;
-        std::string buffer;
-        std::vector<uint64_t> offsets;
-        const int columns = sqlite3_column_count(st);
-        while (sqlite3_step(st) == SQLITE_ROW) {
-            for (int c = 0; c < columns; ++c) {
-                const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(st, c));
-                const int n = sqlite3_column_bytes(st, c);
-                offsets.push_back(buffer.size());
-                if (text) buffer.append(text, static_cast<size_t>(n));
-            }
-        }
-        benchmark::DoNotOptimize(buffer.data());
-        state.counters["text_bytes"] = static_cast<double>(buffer.size());
-        state.counters["cells"] = static_cast<double>(offsets.size());
+        const RawCopy copy = RawSqliteCopy(path, kMixedQuery);
+        state.counters["text_bytes"] = static_cast<double>(copy.textBytes);
+        state.counters["cells"] = static_cast<double>(copy.cells);
     }
 }
 
 void CaricaMixed(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
-        auto rig = std::make_unique<ControlRig>(Records(), 30);
+        auto rig = std::make_unique<ControlRig>(BenchRecords(), 30);
         const size_t before = ResidentBytes();
         ResetPeak();
         state.ResumeTiming();

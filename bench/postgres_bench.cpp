@@ -28,11 +28,6 @@ namespace {
 
 constexpr const char* kSchema = "tabulon_bench";
 
-int64_t Records() {
-    const char* env = std::getenv("TABULON_BENCH_ROWS");
-    return env ? std::atoll(env) : 1000000;
-}
-
 std::string Env(const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr ? value : "";
@@ -174,7 +169,7 @@ int main(int argc, char** argv) {
     // load's peak is measured from the same resident size.
     mallopt(M_MMAP_THRESHOLD, 1 << 20);
     try {
-        MakeMixedTable(Records());
+        MakeMixedTable(BenchRecords());
     } catch (const std::exception& e) {
         std::fprintf(stderr, "bench_postgres: %s\n", e.what());
         return 1;

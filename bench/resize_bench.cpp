@@ -64,18 +64,23 @@ void ControlResizeStep(benchmark::State& state) {
     state.counters["rows"] = rig.control->MinRows();
 }
 
+// The peer's model holds the same texts as the control's loaded rows.
+void FillWithTheControlsRows(QStandardItemModel& model, Tabulon12& control) {
+    const auto& store = Tabulon12Probe::Of(control).MatriceRighe;
+    for (int r = 0; r < kRows; ++r)
+        for (int c = 0; c < kColumns; ++c)
+            model.setItem(r, c, new QStandardItem(QString::fromUtf8(store.Cell(r, c).data(),
+                                                                    static_cast<int>(store.Cell(r, c).size()))));
+}
+
 void TableViewResizeStep(benchmark::State& state) {
     QtTextMetrics metrics;
     QtTimerService timers;
     ControlRig rig(kRecords, kRows, &metrics, &timers);
     DefineFortyColumns(*rig.control);
     rig.control->Carica();
-    const auto& store = Tabulon12Probe::Of(*rig.control).MatriceRighe;
     QStandardItemModel model(kRows, kColumns);
-    for (int r = 0; r < kRows; ++r)
-        for (int c = 0; c < kColumns; ++c)
-            model.setItem(r, c, new QStandardItem(QString::fromUtf8(store.Cell(r, c).data(),
-                                                                    static_cast<int>(store.Cell(r, c).size()))));
+    FillWithTheControlsRows(model, *rig.control);
     QTableView view;
     view.setModel(&model);
     view.verticalHeader()->hide();
@@ -118,12 +123,8 @@ void TableViewSectionsStep(benchmark::State& state) {
     ControlRig rig(kRecords, kRows, &metrics, &timers);
     DefineFortyColumns(*rig.control);
     rig.control->Carica();
-    const auto& store = Tabulon12Probe::Of(*rig.control).MatriceRighe;
     QStandardItemModel model(kRows, kColumns);
-    for (int r = 0; r < kRows; ++r)
-        for (int c = 0; c < kColumns; ++c)
-            model.setItem(r, c, new QStandardItem(QString::fromUtf8(store.Cell(r, c).data(),
-                                                                    static_cast<int>(store.Cell(r, c).size()))));
+    FillWithTheControlsRows(model, *rig.control);
     QTableView view;
     view.setModel(&model);
     view.verticalHeader()->hide();

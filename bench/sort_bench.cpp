@@ -10,7 +10,6 @@
 #include <QSqlQueryModel>
 #include <cstdio>
 #include <cstdlib>
-#include <sqlite3.h>
 
 #include "bench_support.h"
 #include "control_rig.h"
@@ -23,46 +22,23 @@ namespace {
 constexpr const char* kUnsorted = "SELECT id, code, city, day, price, rate, qty, paid, note, colour FROM mixed";
 constexpr int16_t kNoteColumn = 8;
 
-int64_t Records() {
-    const char* env = std::getenv("TABULON_BENCH_ROWS");
-    return env ? std::atoll(env) : 1000000;
-}
-
 void RawSqliteOrdered(benchmark::State& state) {
-    const std::string path = MixedDatabase(Records());
+    const std::string path = MixedDatabase(BenchRecords());
     const std::string query = std::string(kUnsorted) + " ORDER BY note";
-    for (auto _ : state) {
-        sqlite3* db = nullptr;
-        sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
-        sqlite3_stmt* st = nullptr;
-        sqlite3_prepare_v2(db, query.c_str(), -1, &st, nullptr);
-        std::string buffer;
-        std::vector<uint64_t> offsets;
-        const int columns = sqlite3_column_count(st);
-        while (sqlite3_step(st) == SQLITE_ROW) {
-            for (int c = 0; c < columns; ++c) {
-                const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(st, c));
-                offsets.push_back(buffer.size());
-                if (text) buffer.append(text, static_cast<size_t>(sqlite3_column_bytes(st, c)));
-            }
-        }
-        benchmark::DoNotOptimize(buffer.data());
-        sqlite3_finalize(st);
-        sqlite3_close(db);
-    }
+    for (auto _ : state) RawSqliteCopy(path, query);
 }
 
 void ControlHeadingClick(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
-        auto rig = std::make_unique<ControlRig>(Records(), 30);
+        auto rig = std::make_unique<ControlRig>(BenchRecords(), 30);
         rig->control->setQueryString(kUnsorted);
         rig->control->setOrdinamento(kNoteColumn, "note");
         rig->control->Carica();
         state.ResumeTiming();
         rig->control->OrdinaColonna(kNoteColumn);
         state.PauseTiming();
-        if (rig->control->RighePiene() != Records()) state.SkipWithError("the sorted load lost records");
+        if (rig->control->RighePiene() != BenchRecords()) state.SkipWithError("the sorted load lost records");
         rig.reset();
         state.ResumeTiming();
     }
@@ -70,7 +46,7 @@ void ControlHeadingClick(benchmark::State& state) {
 
 void ProxyModelSort(benchmark::State& state) {
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("peer"));
-    db.setDatabaseName(QString::fromStdString(MixedDatabase(Records())));
+    db.setDatabaseName(QString::fromStdString(MixedDatabase(BenchRecords())));
     db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
     if (!db.open()) {
         state.SkipWithError("the Qt SQLite driver is missing");

@@ -86,6 +86,28 @@ std::vector<std::function<void()>> ColumnWrites(const std::function<Tabulon12&()
     };
 }
 
+// `work` on the database opened with the host's password; the database is closed after it, also
+// when it fails (and then the work's failure is the one that goes on).
+template <class Work>
+std::string WithDatabase(DatabaseEngine& engine, const std::string& database, const std::string& password, Work work) {
+    OpenOptions options;
+    options.connect = ConnectText(password);
+    std::shared_ptr<Database> db = engine.OpenDatabase(database, options);
+    Database& opened = Need(db);
+    std::string result;
+    try {
+        result = work(opened);
+    } catch (...) {
+        try {
+            opened.Close();
+        } catch (const Error&) {
+        }
+        throw;
+    }
+    opened.Close();
+    return result;
+}
+
 // The first format of a column whose field is of `type`: dates and currency as such, the rest as
 // they are stored.
 const char* FormatoPerTipo(int16_t type) {
@@ -209,31 +231,13 @@ void Creazione::CreaColonne(const std::string& database, const std::string& sour
 
 std::string SourceQuery(DatabaseEngine& engine, const std::string& database, const std::string& source,
                         const std::string& password) {
-    OpenOptions options;
-    options.connect = ConnectText(password);
-    std::shared_ptr<Database> db = engine.OpenDatabase(database, options);
-    Database& opened = Need(db);
-    std::string query;
-    try {
-        query = QueryOfSource(opened, database, source);
-    } catch (...) {
-        try {
-            opened.Close();
-        } catch (const Error&) {
-        }
-        throw;
-    }
-    opened.Close();
-    return query;
+    return WithDatabase(engine, database, password,
+                        [&](Database& opened) { return QueryOfSource(opened, database, source); });
 }
 
 std::string ColumnsFromSource(Tabulon12& control, DatabaseEngine& engine, const std::string& database,
                               const std::string& source, const std::string& password) {
-    OpenOptions options;
-    options.connect = ConnectText(password);
-    std::shared_ptr<Database> db = engine.OpenDatabase(database, options);
-    Database& opened = Need(db);
-    try {
+    return WithDatabase(engine, database, password, [&](Database& opened) {
         std::string query = QueryOfSource(opened, database, source);
         std::unique_ptr<Recordset> rs = opened.OpenRecordset(query);
         Recordset& fields = Need(rs);
@@ -246,15 +250,8 @@ std::string ColumnsFromSource(Tabulon12& control, DatabaseEngine& engine, const 
             if (control.Formato(i).empty()) control.setFormato(i, FormatoPerTipo(fields.FieldType(i)));
         }
         fields.Close();
-        opened.Close();
         return query;
-    } catch (...) {
-        try {
-            opened.Close();
-        } catch (const Error&) {
-        }
-        throw;
-    }
+    });
 }
 
 }  // namespace TabulonLib12

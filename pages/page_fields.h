@@ -26,7 +26,8 @@ public:
     virtual ~TextField() = default;
     virtual std::string Text() const = 0;
     virtual void setText(const std::string& text) = 0;
-    // Moves the keyboard focus into the field (nothing where there is no focus to move).
+    // Moves the keyboard focus into the field. Empty by default on purpose: a field without a
+    // toolkit behind it (the tests' plain fields) has no focus to move; the Qt field overrides it.
     virtual void SetFocus() {}
 };
 

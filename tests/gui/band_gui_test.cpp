@@ -11,8 +11,6 @@
 namespace TabulonLib12::GuiTest {
 namespace {
 
-int Px(float twips) { return static_cast<int>(twips / TwipsPerPixel); }
-
 QColor ArgbColour(uint32_t argb) { return QColor((argb >> 16) & 0xFF, (argb >> 8) & 0xFF, argb & 0xFF); }
 
 int Distance(const QColor& a, const QColor& b) {
@@ -58,10 +56,6 @@ protected:
         QApplication::processEvents();
         return Grab(*widget);
     }
-    QRect Rect(const Element& e) {
-        return QRect(Px(e.SurfaceLeft()), Px(e.SurfaceTop()), Px(e.Width()), Px(e.Height()));
-    }
-
     testing::TempDir dir;
     std::unique_ptr<Tabulon12Widget> widget;
 };
@@ -78,13 +72,13 @@ TEST_F(BandGuiTest, EveryStyleShowsItsTextureUnderEveryColumnWithReadableCaption
         const Image& texture = *S().pictures.Style(static_cast<int16_t>(style));
         for (int16_t i = 0; i <= 4; ++i) {  // four columns and the filler
             const ImageElement& tile = testing::FindElement<ImageElement>(S().surface, "Image1", i);
-            const QRect r = Rect(tile).intersected(Rect(*S().elements.Shape2));
+            const QRect r = AreaOf(tile).intersected(AreaOf(*S().elements.Shape2));
             ASSERT_FALSE(r.isEmpty()) << i;
             // Away from the caption: the tile's pixels near its right end show the texture's
             // colour of the same height, whatever the stretch.
             const int x = r.right() - 3;
             for (int y : {r.top() + r.height() / 3, r.top() + r.height() / 2, r.top() + 2 * r.height() / 3}) {
-                const int ty = std::clamp((y - Px(tile.SurfaceTop())) * texture.height / std::max(1, Px(tile.Height())), 0,
+                const int ty = std::clamp((y - PixelsOf(tile.SurfaceTop())) * texture.height / std::max(1, PixelsOf(tile.Height())), 0,
                                           texture.height - 1);
                 const QColor want = ArgbColour(texture.at(texture.width - 4, ty));
                 EXPECT_LT(Distance(shot.pixelColor(x, y), want), 40) << "tile " << i << " at y " << y;
@@ -92,9 +86,9 @@ TEST_F(BandGuiTest, EveryStyleShowsItsTextureUnderEveryColumnWithReadableCaption
         }
         for (int16_t i = 0; i < 4; ++i) {
             const Label& caption = testing::FindElement<Label>(S().surface, "LabelMenu", i);
-            EXPECT_GT(CountDiffering(shot, Rect(caption), c.ForeColorHead() == 0 ? 0xFFFFFF : 0x000000), 0);
+            EXPECT_GT(CountDiffering(shot, AreaOf(caption), c.ForeColorHead() == 0 ? 0xFFFFFF : 0x000000), 0);
             const QColor ink = ColourOf(c.ForeColorHead());
-            const int inked = CountPixels(shot, Rect(caption), [&](const QColor& p) { return Distance(p, ink) < 150; });
+            const int inked = CountPixels(shot, AreaOf(caption), [&](const QColor& p) { return Distance(p, ink) < 150; });
             EXPECT_GT(inked, 15) << "caption " << i << " has no readable text";
         }
     }
@@ -110,19 +104,19 @@ TEST_F(BandGuiTest, TheVerticalLinesStandExactlyWhereMostraBarraVertAsks) {
     c.CaricaStruttura();
     const QImage shot = Shot();
     CellGrid& fg = S().FG1;
-    const int top = Px(fg.Top()) + 2, height = Px(fg.Height()) - 4;
+    const int top = PixelsOf(fg.Top()) + 2, height = PixelsOf(fg.Height()) - 4;
     auto redColumnAt = [&](int x) { return CountExactly(shot, QRect(x, top, 1, height), Rgb(200, 0, 0)); };
     for (int i = 0; i < 4; ++i) {
-        const int x = Px(fg.Left() + fg.ColPos(i) - 15);
+        const int x = PixelsOf(fg.Left() + fg.ColPos(i) - 15);
         const bool wanted = i == 1 || i == 3;
         if (wanted) EXPECT_GE(redColumnAt(x), height - 1) << "line " << i;
         else EXPECT_EQ(redColumnAt(x), 0) << "line " << i;
     }
     // No red anywhere else on the grid.
-    const int all = CountExactly(shot, QRect(Px(fg.Left()), top, Px(fg.Width()), height), Rgb(200, 0, 0));
-    EXPECT_EQ(all, redColumnAt(Px(fg.Left() + fg.ColPos(1) - 15)) + redColumnAt(Px(fg.Left() + fg.ColPos(3) - 15)));
+    const int all = CountExactly(shot, QRect(PixelsOf(fg.Left()), top, PixelsOf(fg.Width()), height), Rgb(200, 0, 0));
+    EXPECT_EQ(all, redColumnAt(PixelsOf(fg.Left() + fg.ColPos(1) - 15)) + redColumnAt(PixelsOf(fg.Left() + fg.ColPos(3) - 15)));
     c.setVerticalGrid(false);
-    EXPECT_EQ(CountExactly(Shot(), QRect(Px(fg.Left()), top, Px(fg.Width()), height), Rgb(200, 0, 0)), 0);
+    EXPECT_EQ(CountExactly(Shot(), QRect(PixelsOf(fg.Left()), top, PixelsOf(fg.Width()), height), Rgb(200, 0, 0)), 0);
 }
 
 }  // namespace

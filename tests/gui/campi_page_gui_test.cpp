@@ -24,23 +24,8 @@
 #include "widgets/campi_page.h"
 #include "widgets/tabulon12_widget.h"
 
-#ifndef TABULON_TEST_OUTPUT_DIR
-#define TABULON_TEST_OUTPUT_DIR "."
-#endif
-
 namespace TabulonLib12::GuiTest {
 namespace {
-
-CellGrid& GridOf(Tabulon12Widget& widget) {
-    for (Element* e : widget.Control().Superficie().PaintOrder())
-        if (e->Kind() == ElementKind::CellGrid) return static_cast<CellGrid&>(*e);
-    throw std::runtime_error("the control shows no cell surface");
-}
-
-QRect AreaOf(const Element& e) {
-    return QRect(static_cast<int>(e.SurfaceLeft() / TwipsPerPixel), static_cast<int>(e.SurfaceTop() / TwipsPerPixel),
-                 static_cast<int>(e.Width() / TwipsPerPixel), static_cast<int>(e.Height() / TwipsPerPixel));
-}
 
 class CampiPageGuiTest : public ::testing::Test {
 protected:

@@ -12,10 +12,6 @@
 #include "platform/qt/qt_graphics.h"
 #include "presentation/drawn_pictures.h"
 
-#ifndef TABULON_TEST_OUTPUT_DIR
-#define TABULON_TEST_OUTPUT_DIR "."
-#endif
-
 namespace TabulonLib12 {
 namespace {
 

@@ -17,18 +17,8 @@
 #include "widgets/creazione_page.h"
 #include "widgets/tabulon12_widget.h"
 
-#ifndef TABULON_TEST_OUTPUT_DIR
-#define TABULON_TEST_OUTPUT_DIR "."
-#endif
-
 namespace TabulonLib12::GuiTest {
 namespace {
-
-CellGrid& GridOf(Tabulon12Widget& widget) {
-    for (Element* e : widget.Control().Superficie().PaintOrder())
-        if (e->Kind() == ElementKind::CellGrid) return static_cast<CellGrid&>(*e);
-    throw std::runtime_error("the control shows no cell surface");
-}
 
 std::vector<std::string> VisibleHeadings(Tabulon12Widget& widget) {
     std::vector<std::string> captions;

@@ -121,11 +121,7 @@ TEST_F(DesignerGuiTest, AHeadingAWidthAndAFormatTypedAndAppliedShowOnTheListAtOn
     EXPECT_EQ(HeadingCaption(w.List(), "Nome"), nullptr);
     EXPECT_EQ(c.RighePiene(), 4);
     const QImage shot = Grab(w.List().Painter());
-    const QRect area(static_cast<int>(heading->SurfaceLeft() / TwipsPerPixel),
-                     static_cast<int>(heading->SurfaceTop() / TwipsPerPixel),
-                     static_cast<int>(heading->Width() / TwipsPerPixel),
-                     static_cast<int>(heading->Height() / TwipsPerPixel));
-    EXPECT_GT(CountPixels(shot, area, [](const QColor& p) { return p.lightness() < 100; }), 10);  // its text
+    EXPECT_GT(CountPixels(shot, AreaOf(*heading), [](const QColor& p) { return p.lightness() < 100; }), 10);  // its text
     EXPECT_TRUE(w.windowTitle().endsWith(" *"));
     EXPECT_TRUE(messages.shown.empty());
 }

@@ -13,8 +13,6 @@
 namespace TabulonLib12::GuiTest {
 namespace {
 
-int Px(float twips) { return static_cast<int>(twips / TwipsPerPixel); }
-
 class FormFileGuiTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -67,7 +65,7 @@ TEST_F(FormFileGuiTest, ARestoredWidgetShowsTheSavedDesignAndLoadsItsData) {
     const Label& heading = testing::FindElement<Label>(Tabulon12Probe::Of(c).surface, "LabelMenu", 1);
     EXPECT_EQ(heading.Caption(), "Cliente");
     const QImage shot = Grab(list->Painter());
-    const QRect area(Px(heading.SurfaceLeft()), Px(heading.SurfaceTop()), Px(heading.Width()), Px(heading.Height()));
+    const QRect area = AreaOf(heading);
     // The orange band's texture and the caption's text over it.
     EXPECT_GT(CountPixels(shot, area, [](const QColor& p) { return p.red() > 200 && p.blue() < 140; }), 20);
     EXPECT_EQ(Tabulon12Probe::Of(c).elements.LabelCount->Caption(), "Clienti: 3");

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <stdexcept>
 #include <iterator>
 #include <string>
 
@@ -26,6 +27,24 @@ inline constexpr Colour kSurfaceColour = Rgb(255, 255, 255);
 
 // Twips of a pixel count, to place elements on whole pixels.
 inline float Px(int pixels) { return static_cast<float>(pixels * TwipsPerPixel); }
+
+// Twips on the surface to whole pixels of the widget, and an element's area on the widget.
+inline int PixelsOf(float twips) { return static_cast<int>(twips / TwipsPerPixel); }
+inline QRect AreaOf(const Element& e) {
+    return QRect(PixelsOf(e.SurfaceLeft()), PixelsOf(e.SurfaceTop()), PixelsOf(e.Width()), PixelsOf(e.Height()));
+}
+
+// The cell surface of a control, found in its element tree.
+inline CellGrid& GridOf(Tabulon12Widget& widget) {
+    for (Element* e : widget.Control().Superficie().PaintOrder())
+        if (e->Kind() == ElementKind::CellGrid) return static_cast<CellGrid&>(*e);
+    throw std::runtime_error("the control shows no cell surface");
+}
+
+// Where the GUI tests leave the pictures they draw (CMake names the test binary's folder).
+#ifndef TABULON_TEST_OUTPUT_DIR
+#define TABULON_TEST_OUTPUT_DIR "."
+#endif
 
 inline QImage Grab(QWidget& widget) { return widget.grab().toImage().convertToFormat(QImage::Format_RGB32); }
 

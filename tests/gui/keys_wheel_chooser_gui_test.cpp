@@ -20,8 +20,6 @@
 namespace TabulonLib12::GuiTest {
 namespace {
 
-int Px(float twips) { return static_cast<int>(twips / TwipsPerPixel); }
-
 // Counts the wheel events that reach a widget, and lets them go on.
 struct WheelCounter : QObject {
     int seen = 0;
@@ -79,12 +77,11 @@ protected:
     Tabulon12::Impl& S() { return Tabulon12Probe::Of(Control()); }
     QWidget& Painter() { return widget->Painter(); }
     QPoint Centre(const Element& e) {
-        return QPoint(Px(e.SurfaceLeft() + e.Width() / 2), Px(e.SurfaceTop() + e.Height() / 2));
+        return QPoint(PixelsOf(e.SurfaceLeft() + e.Width() / 2), PixelsOf(e.SurfaceTop() + e.Height() / 2));
     }
-    QRect Rect(const Element& e) { return QRect(Px(e.SurfaceLeft()), Px(e.SurfaceTop()), Px(e.Width()), Px(e.Height())); }
     QPoint Cell(int row, int col) {
         CellGrid& fg = S().FG1;
-        return QPoint(Px(fg.Left() + fg.ColPos(col)) + 12, Px(fg.Top() + fg.RowPos(row)) + 6);
+        return QPoint(PixelsOf(fg.Left() + fg.ColPos(col)) + 12, PixelsOf(fg.Top() + fg.RowPos(row)) + 6);
     }
     // A notch of the wheel over `target`, `ms` after the last one, as the window system gives
     // it: a widget that ignores it passes it on to its parent.
@@ -124,7 +121,7 @@ TEST_F(KeysWheelChooserGuiTest, ArrowKeysTypedOnTheListMoveTheSelectionAndScroll
     QApplication::processEvents();
     // The selected row shows highlighted on the last grid row, with the record's key.
     const QImage shot = Grab(*widget);
-    const QRect row(Px(S().FG1.Left()) + 2, Px(S().FG1.Top() + S().FG1.RowPos(last)) + 2, 40, 8);
+    const QRect row(PixelsOf(S().FG1.Left()) + 2, PixelsOf(S().FG1.Top() + S().FG1.RowPos(last)) + 2, 40, 8);
     const QColor highlight = ColourOf(S().FG1.BackColorSel());
     EXPECT_GT(CountPixels(shot, row, [&](const QColor& p) { return p == highlight; }), 100);
     EXPECT_EQ(S().FG1.TextMatrix(last, 0), std::to_string(last + 2));
@@ -181,14 +178,14 @@ TEST_F(KeysWheelChooserGuiTest, TheChooserOpensOnAClickAndHidesTheUntickedColumn
     QImage shot = Grab(*widget);
     shot.save(QString::fromStdString(std::string(TABULON_TEST_OUTPUT_DIR) + "/column_chooser.png"));
     // The panel's blue rim, and the two boxes' captions over their white backs.
-    const QRect rim = Rect(panel);
+    const QRect rim = AreaOf(panel);
     EXPECT_GT(CountPixels(shot, rim, [](const QColor& p) { return p.blue() > 200 && p.red() < 40 && p.green() < 40; }),
               rim.width());
     const CheckBox& first = testing::FindElement<CheckBox>(S().surface, "CheckScelta", 0);
     const CheckBox& second = testing::FindElement<CheckBox>(S().surface, "CheckScelta", 1);
     EXPECT_EQ(first.Caption(), "Colonna city");
     EXPECT_EQ(second.Caption(), "Colonna amount");
-    EXPECT_GT(CountDiffering(shot, Rect(second), 0xFFFFFF), 40);
+    EXPECT_GT(CountDiffering(shot, AreaOf(second), 0xFFFFFF), 40);
 
     QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, Centre(first));
     EXPECT_EQ(first.Value(), 0);
@@ -202,7 +199,7 @@ TEST_F(KeysWheelChooserGuiTest, TheChooserOpensOnAClickAndHidesTheUntickedColumn
     QApplication::processEvents();
     shot = Grab(*widget);
     // Where the city column was, the amounts stand now.
-    const QRect cell(Px(S().FG1.Left() + S().FG1.ColPos(3)), Px(S().FG1.Top()), Px(S().FG1.ColWidth(3)), 14);
+    const QRect cell(PixelsOf(S().FG1.Left() + S().FG1.ColPos(3)), PixelsOf(S().FG1.Top()), PixelsOf(S().FG1.ColWidth(3)), 14);
     EXPECT_EQ(S().FG1.ColPos(3), S().FG1.ColPos(2));
     EXPECT_GT(CountDiffering(shot, cell, 0xFFFFFF), 10);
 }

@@ -14,8 +14,6 @@
 namespace TabulonLib12::GuiTest {
 namespace {
 
-int Px(float twips) { return static_cast<int>(twips / TwipsPerPixel); }
-
 class LayoutGuiTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -57,14 +55,10 @@ protected:
     }
 
     QRect CellRect(int row, int col) {
-        const int x = Px(FG1().Left() + FG1().ColPos(col));
-        const int y = Px(FG1().Top() + FG1().RowPos(row));
+        const int x = PixelsOf(FG1().Left() + FG1().ColPos(col));
+        const int y = PixelsOf(FG1().Top() + FG1().RowPos(row));
         return QRect(x + 1, y + 1, FG1().ColWidth(col) / TwipsPerPixel - 2, FG1().RowHeight(row) / TwipsPerPixel - 2);
     }
-    QRect Rect(const Element& e) {
-        return QRect(Px(e.SurfaceLeft()), Px(e.SurfaceTop()), Px(e.Width()), Px(e.Height()));
-    }
-
     // What a user sees of the layout at the widget's present size.
     void ExpectLayoutFollows(const QImage& shot, int width, int height) {
         SCOPED_TRACE(std::to_string(width) + " x " + std::to_string(height));
@@ -75,27 +69,27 @@ protected:
         EXPECT_GT(CountDiffering(shot, CellRect(last, 1), FG1().View(last, 1).back), 30) << "the last row's text";
         EXPECT_EQ(FG1().TextMatrix(last, 1), "Record number " + std::to_string(last + 1));
         // The bar stands at the grid's right, as high as the grid: its down button ends there.
-        const QRect bar = Rect(S().VS1.Corpo());
-        EXPECT_EQ(bar.left(), Px(FG1().Width()));
-        EXPECT_EQ(bar.bottom() + 1, Px(FG1().Top() + FG1().Height()));
+        const QRect bar = AreaOf(S().VS1.Corpo());
+        EXPECT_EQ(bar.left(), PixelsOf(FG1().Width()));
+        EXPECT_EQ(bar.bottom() + 1, PixelsOf(FG1().Top() + FG1().Height()));
         const QRect downButton(bar.left() + 2, bar.bottom() - 14, bar.width() - 4, 12);
         EXPECT_GT(CountDiffering(shot, downButton, kSurfaceColour), 20) << "the bar's down button";
         // The outline runs under the grid and the bar in the border colour, from its left to
         // its right.
         const Shape& outline = *S().elements.Shape1;
-        const int bottom = Px(outline.Top() + outline.Height()) - 1;
-        const int left = Px(outline.Left()), right = Px(outline.Left() + outline.Width()) - 1;
-        EXPECT_EQ(bottom, Px(FG1().Top() + FG1().Height()));
+        const int bottom = PixelsOf(outline.Top() + outline.Height()) - 1;
+        const int left = PixelsOf(outline.Left()), right = PixelsOf(outline.Left() + outline.Width()) - 1;
+        EXPECT_EQ(bottom, PixelsOf(FG1().Top() + FG1().Height()));
         EXPECT_GE(CountExactly(shot, QRect(left, bottom, right - left + 1, 1), outline.BorderColor()), right - left - 2)
             << "the outline's bottom edge";
-        EXPECT_GE(right, Px(S().VS1.Left() + S().VS1.Width()) - 1) << "the outline reaches past the bar";
+        EXPECT_GE(right, PixelsOf(S().VS1.Left() + S().VS1.Width()) - 1) << "the outline reaches past the bar";
         // The total of the amounts stands on the count's line, under its column.
         const Label& total = testing::FindElement<Label>(S().surface, "LabelTOT", 2);
         EXPECT_EQ(total.Top(), FG1().Top() + FG1().Height() + 60);
-        EXPECT_GT(CountDiffering(shot, Rect(total), kSurfaceColour), 20) << "the total's text";
+        EXPECT_GT(CountDiffering(shot, AreaOf(total), kSurfaceColour), 20) << "the total's text";
         EXPECT_EQ(total.Caption(), "201000");
         const Label& count = *S().elements.LabelCount;
-        EXPECT_GT(CountDiffering(shot, Rect(count), kSurfaceColour), 20) << "the count's text";
+        EXPECT_GT(CountDiffering(shot, AreaOf(count), kSurfaceColour), 20) << "the count's text";
     }
 
     Tabulon12& control() { return widget->Control(); }
@@ -137,7 +131,7 @@ TEST_F(LayoutGuiTest, AHostWidgetBelowTheGridFollowsTheGridsBottomEdge) {
     auto* note = new QLabel(QStringLiteral("Nota dell'applicazione"), widget.get());
     note->setAutoFillBackground(true);
     note->setStyleSheet(QStringLiteral("background: rgb(30, 90, 200); color: white;"));
-    const int gridBottom = Px(FG1().Top() + FG1().Height());
+    const int gridBottom = PixelsOf(FG1().Top() + FG1().Height());
     note->move(300, gridBottom + 4);
     note->resize(200, 16);
     note->show();
@@ -146,7 +140,7 @@ TEST_F(LayoutGuiTest, AHostWidgetBelowTheGridFollowsTheGridsBottomEdge) {
     for (int height : {520, 300, 450}) {
         widget->resize(600, height);
         QApplication::processEvents();
-        const int bottom = Px(FG1().Top() + FG1().Height());
+        const int bottom = PixelsOf(FG1().Top() + FG1().Height());
         EXPECT_EQ(note->y(), bottom + offset) << height;
         const QImage shot = Grab(*widget);
         EXPECT_GT(CountExactly(shot, QRect(note->x() + 2, note->y() + 2, 150, 10), Rgb(30, 90, 200)), 500) << height;

@@ -14,8 +14,6 @@
 namespace TabulonLib12::GuiTest {
 namespace {
 
-int Px(float twips) { return static_cast<int>(twips / TwipsPerPixel); }
-
 struct LinkHandler : Tabulon12Events {
     void IperTextClick(int32_t& r, int16_t& c, int32_t& id, std::string& text) override {
         ++clicks;
@@ -60,15 +58,13 @@ protected:
     Tabulon12::Impl& S() { return Tabulon12Probe::Of(widget->Control()); }
     QWidget& Painter() { return widget->Painter(); }
     QPoint Centre(const Element& e) {
-        return QPoint(Px(e.SurfaceLeft() + e.Width() / 2), Px(e.SurfaceTop() + e.Height() / 2));
+        return QPoint(PixelsOf(e.SurfaceLeft() + e.Width() / 2), PixelsOf(e.SurfaceTop() + e.Height() / 2));
     }
     QPoint Cell(int row, int col) {
         CellGrid& fg = S().FG1;
-        return QPoint(Px(fg.Left() + fg.ColPos(col)) + 12, Px(fg.Top() + fg.RowPos(row)) + 6);
+        return QPoint(PixelsOf(fg.Left() + fg.ColPos(col)) + 12, PixelsOf(fg.Top() + fg.RowPos(row)) + 6);
     }
     std::string Shown(int row) { return widget->Control().TextMatrix(row, 0); }
-    QRect Rect(const Element& e) { return QRect(Px(e.SurfaceLeft()), Px(e.SurfaceTop()), Px(e.Width()), Px(e.Height())); }
-
     testing::TempDir dir;
     LinkHandler handler;
     std::unique_ptr<Tabulon12Widget> widget;
@@ -84,7 +80,7 @@ TEST_F(SortMouseGuiTest, AClickOnAHeadingSortsAndShowsTheArrow) {
     ASSERT_TRUE(arrow.Visible());
     const QImage shot = Grab(*widget);
     // The blue up arrow stands at the heading's right end: blue pixels there.
-    const int blue = CountPixels(shot, Rect(arrow), [](const QColor& p) { return p.blue() > 150 && p.red() < 120; });
+    const int blue = CountPixels(shot, AreaOf(arrow), [](const QColor& p) { return p.blue() > 150 && p.red() < 120; });
     EXPECT_GT(blue, 10);
     QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, Centre(caption));
     EXPECT_EQ(Shown(0), "5");  // Elio first of the descending
@@ -116,7 +112,7 @@ TEST_F(SortMouseGuiTest, EveryArrowColourShowsItsArrowOnTheBand) {
         ASSERT_EQ(S().elements.ImageOrd->GetPicture(), S().pictures.ArrowUp(static_cast<int16_t>(e.colour)));
         QApplication::processEvents();
         const QImage shot = Grab(*widget);
-        EXPECT_GT(CountPixels(shot, Rect(*S().elements.ImageOrd), e.looksRight), 6);
+        EXPECT_GT(CountPixels(shot, AreaOf(*S().elements.ImageOrd), e.looksRight), 6);
         c.OrdinaColonna(0);  // descending: the down arrow of the same colour
         EXPECT_EQ(S().elements.ImageOrd->GetPicture(), S().pictures.ArrowDown(static_cast<int16_t>(e.colour)));
         c.OrdinaColonna(0);  // no sort
@@ -132,7 +128,7 @@ TEST_F(SortMouseGuiTest, TheHoverTileFollowsTheMouseOverSortableHeadings) {
     ASSERT_TRUE(hover.Visible());
     const QImage shot = Grab(*widget);
     // The orange hover texture, not the white tiles, under the heading.
-    const QRect tile = Rect(hover).intersected(Rect(*S().elements.Shape2));
+    const QRect tile = AreaOf(hover).intersected(AreaOf(*S().elements.Shape2));
     const int orange = CountPixels(shot, tile, [](const QColor& p) { return p.red() > 200 && p.blue() < 150; });
     EXPECT_GT(orange, tile.width() * tile.height() / 3);
     QTest::mouseMove(&Painter(), Cell(2, 1));  // over the grid the hover goes
@@ -147,12 +143,12 @@ TEST_F(SortMouseGuiTest, ACutCellShowsItsTipAtThePointer) {
     const PictureBox& tip = *S().elements.PictureTTT;
     ASSERT_TRUE(tip.Visible());
     EXPECT_EQ(S().elements.LabelTTT->Caption(), " Anna con un nome molto lungo davvero ");
-    const QPoint tipAt(Px(tip.SurfaceLeft()), Px(tip.SurfaceTop()));
-    const QPoint grid(Px(S().FG1.Left()), Px(S().FG1.Top()));
+    const QPoint tipAt(PixelsOf(tip.SurfaceLeft()), PixelsOf(tip.SurfaceTop()));
+    const QPoint grid(PixelsOf(S().FG1.Left()), PixelsOf(S().FG1.Top()));
     EXPECT_LE((tipAt - (at - grid)).manhattanLength(), 2);  // at the pointer, in the grid's place
     const QImage shot = Grab(*widget);
-    EXPECT_GT(CountExactly(shot, Rect(*S().elements.LabelTTT), 0x80FFFF), 50);  // the pale yellow back
-    EXPECT_GT(CountDiffering(shot, Rect(*S().elements.LabelTTT), 0x80FFFF), 40);  // and its text
+    EXPECT_GT(CountExactly(shot, AreaOf(*S().elements.LabelTTT), 0x80FFFF), 50);  // the pale yellow back
+    EXPECT_GT(CountDiffering(shot, AreaOf(*S().elements.LabelTTT), 0x80FFFF), 40);  // and its text
     QTest::mouseMove(&Painter(), Cell(0, 0));
     QApplication::processEvents();
     EXPECT_FALSE(tip.Visible());

@@ -21,13 +21,6 @@
 namespace TabulonLib12::GuiTest {
 namespace {
 
-// The cell surface of a control, found in its element tree.
-CellGrid& GridOf(Tabulon12Widget& widget) {
-    for (Element* e : widget.Control().Superficie().PaintOrder())
-        if (e->Kind() == ElementKind::CellGrid) return static_cast<CellGrid&>(*e);
-    throw std::runtime_error("the control shows no cell surface");
-}
-
 // A cell's rectangle in widget pixels, one pixel in from its edges.
 QRect CellRect(CellGrid& grid, int row, int col) {
     const int x = static_cast<int>((grid.SurfaceLeft() + grid.ColPos(col)) / TwipsPerPixel);
