@@ -64,37 +64,43 @@ void ControlResizeStep(benchmark::State& state) {
     state.counters["rows"] = rig.control->MinRows();
 }
 
-// The peer's model holds the same texts as the control's loaded rows.
-void FillWithTheControlsRows(QStandardItemModel& model, Tabulon12& control) {
-    const auto& store = Tabulon12Probe::Of(control).MatriceRighe;
-    for (int r = 0; r < kRows; ++r)
-        for (int c = 0; c < kColumns; ++c)
-            model.setItem(r, c, new QStandardItem(QString::fromUtf8(store.Cell(r, c).data(),
-                                                                    static_cast<int>(store.Cell(r, c).size()))));
-}
+// The peer: a table view without row headings over a model of the texts of the control's loaded
+// rows, its rows as high as the control's. `Show` puts it on screen at the drag's full width.
+struct PeerTable {
+    PeerTable() : rig(kRecords, kRows, &metrics, &timers), model(kRows, kColumns) {
+        DefineFortyColumns(*rig.control);
+        rig.control->Carica();
+        const auto& store = Tabulon12Probe::Of(*rig.control).MatriceRighe;
+        for (int r = 0; r < kRows; ++r)
+            for (int c = 0; c < kColumns; ++c)
+                model.setItem(r, c, new QStandardItem(QString::fromUtf8(store.Cell(r, c).data(),
+                                                                        static_cast<int>(store.Cell(r, c).size()))));
+        view.setModel(&model);
+        view.verticalHeader()->hide();
+        view.verticalHeader()->setDefaultSectionSize(Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel);
+    }
+    void Show() {
+        view.resize(kWidth, kHeight);
+        view.show();
+        QApplication::processEvents();
+    }
 
-void TableViewResizeStep(benchmark::State& state) {
     QtTextMetrics metrics;
     QtTimerService timers;
-    ControlRig rig(kRecords, kRows, &metrics, &timers);
-    DefineFortyColumns(*rig.control);
-    rig.control->Carica();
-    QStandardItemModel model(kRows, kColumns);
-    FillWithTheControlsRows(model, *rig.control);
+    ControlRig rig;
+    QStandardItemModel model;
     QTableView view;
-    view.setModel(&model);
-    view.verticalHeader()->hide();
-    view.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    view.verticalHeader()->setDefaultSectionSize(Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel);
-    const int height = kHeight;
-    view.resize(kWidth, height);
-    view.show();
-    QApplication::processEvents();
+};
+
+void TableViewResizeStep(benchmark::State& state) {
+    PeerTable peer;
+    peer.view.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    peer.Show();
     bool narrow = false;
     for (auto _ : state) {
         narrow = !narrow;
-        view.resize(narrow ? kWidth - kStep : kWidth, height);
-        view.repaint();
+        peer.view.resize(narrow ? kWidth - kStep : kWidth, kHeight);
+        peer.view.repaint();
     }
     state.counters["cols"] = kColumns;
 }
@@ -118,28 +124,15 @@ std::vector<int> ControlWidthsAt(int width) {
 
 void TableViewSectionsStep(benchmark::State& state) {
     const std::vector<int> wide = ControlWidthsAt(kWidth), narrow = ControlWidthsAt(kWidth - kStep);
-    QtTextMetrics metrics;
-    QtTimerService timers;
-    ControlRig rig(kRecords, kRows, &metrics, &timers);
-    DefineFortyColumns(*rig.control);
-    rig.control->Carica();
-    QStandardItemModel model(kRows, kColumns);
-    FillWithTheControlsRows(model, *rig.control);
-    QTableView view;
-    view.setModel(&model);
-    view.verticalHeader()->hide();
-    view.verticalHeader()->setDefaultSectionSize(Tabulon12Probe::Of(*rig.control).FG1.RowHeight(0) / TwipsPerPixel);
-    const int height = kHeight;
-    view.resize(kWidth, height);
-    view.show();
-    QApplication::processEvents();
+    PeerTable peer;
+    peer.Show();
     bool isNarrow = false;
     for (auto _ : state) {
         isNarrow = !isNarrow;
         const std::vector<int>& widths = isNarrow ? narrow : wide;
-        view.resize(isNarrow ? kWidth - kStep : kWidth, height);
-        for (int c = 0; c < kColumns; ++c) view.horizontalHeader()->resizeSection(c, widths[static_cast<size_t>(c)]);
-        view.repaint();
+        peer.view.resize(isNarrow ? kWidth - kStep : kWidth, kHeight);
+        for (int c = 0; c < kColumns; ++c) peer.view.horizontalHeader()->resizeSection(c, widths[static_cast<size_t>(c)]);
+        peer.view.repaint();
     }
     state.counters["cols"] = kColumns;
 }
