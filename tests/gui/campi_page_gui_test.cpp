@@ -64,9 +64,7 @@ protected:
 
     template <class W>
     W* Child(const char* name) {
-        W* w = page->findChild<W*>(QString::fromLatin1(name));
-        if (w == nullptr) throw std::runtime_error(std::string("no field ") + name);
-        return w;
+        return ChildNamed<W>(*page, name);
     }
 
     QImage Shot() {

@@ -63,9 +63,7 @@ protected:
 
     template <class W>
     W* Child(const char* name) {
-        W* w = window->findChild<W*>(QString::fromLatin1(name));
-        if (w == nullptr) throw std::runtime_error(std::string("no widget ") + name);
-        return w;
+        return ChildNamed<W>(*window, name);
     }
 
     void Click(const char* button) {

@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QImage>
 #include <QLineEdit>
+#include <QPoint>
 #include <QRect>
 #include <QTest>
 #include <cmath>
@@ -32,6 +33,23 @@ inline float Px(int pixels) { return static_cast<float>(pixels * TwipsPerPixel);
 inline int PixelsOf(float twips) { return static_cast<int>(twips / TwipsPerPixel); }
 inline QRect AreaOf(const Element& e) {
     return QRect(PixelsOf(e.SurfaceLeft()), PixelsOf(e.SurfaceTop()), PixelsOf(e.Width()), PixelsOf(e.Height()));
+}
+
+// The middle of an element, and a point inside cell (row, col) of a cell surface, on the widget.
+inline QPoint CentreOf(const Element& e) {
+    return QPoint(PixelsOf(e.SurfaceLeft() + e.Width() / 2), PixelsOf(e.SurfaceTop() + e.Height() / 2));
+}
+inline QPoint CellPoint(const CellGrid& fg, int row, int col) {
+    return QPoint(PixelsOf(fg.Left() + fg.ColPos(col)) + 12, PixelsOf(fg.Top() + fg.RowPos(row)) + 6);
+}
+
+// The child widget of that object name (a form's design name); fails the test's setup loudly
+// when there is none.
+template <class W>
+W* ChildNamed(QWidget& parent, const char* name) {
+    W* w = parent.findChild<W*>(QString::fromLatin1(name));
+    if (w == nullptr) throw std::runtime_error(std::string("no widget named ") + name);
+    return w;
 }
 
 // The cell surface of a control, found in its element tree.

@@ -76,13 +76,7 @@ protected:
     Tabulon12& Control() { return widget->Control(); }
     Tabulon12::Impl& S() { return Tabulon12Probe::Of(Control()); }
     QWidget& Painter() { return widget->Painter(); }
-    QPoint Centre(const Element& e) {
-        return QPoint(PixelsOf(e.SurfaceLeft() + e.Width() / 2), PixelsOf(e.SurfaceTop() + e.Height() / 2));
-    }
-    QPoint Cell(int row, int col) {
-        CellGrid& fg = S().FG1;
-        return QPoint(PixelsOf(fg.Left() + fg.ColPos(col)) + 12, PixelsOf(fg.Top() + fg.RowPos(row)) + 6);
-    }
+    QPoint Cell(int row, int col) { return CellPoint(S().FG1, row, col); }
     // A notch of the wheel over `target`, `ms` after the last one, as the window system gives
     // it: a widget that ignores it passes it on to its parent.
     void Notch(QWidget& target, uint32_t ms, int delta) {
@@ -171,7 +165,7 @@ TEST_F(KeysWheelChooserGuiTest, AListThatGoesTakesItsHookAlong) {
 TEST_F(KeysWheelChooserGuiTest, TheChooserOpensOnAClickAndHidesTheUntickedColumnWhenItCloses) {
     const PictureBox& button = *S().elements.ImageTools;
     ASSERT_TRUE(button.Visible());
-    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, Centre(button));
+    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, CentreOf(button));
     const Frame& panel = *S().elements.FrameSceltaColonne;
     ASSERT_TRUE(panel.Visible());
     QApplication::processEvents();
@@ -187,10 +181,10 @@ TEST_F(KeysWheelChooserGuiTest, TheChooserOpensOnAClickAndHidesTheUntickedColumn
     EXPECT_EQ(second.Caption(), "Colonna amount");
     EXPECT_GT(CountDiffering(shot, AreaOf(second), 0xFFFFFF), 40);
 
-    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, Centre(first));
+    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, CentreOf(first));
     EXPECT_EQ(first.Value(), 0);
     const Label& cityHeading = testing::FindElement<Label>(S().surface, "LabelMenu", 2);
-    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, Centre(button));
+    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, CentreOf(button));
     EXPECT_FALSE(panel.Visible());
     std::ifstream in(dir.File("scelta.txt"), std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "2\r\n");

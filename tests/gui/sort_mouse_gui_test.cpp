@@ -57,13 +57,7 @@ protected:
 
     Tabulon12::Impl& S() { return Tabulon12Probe::Of(widget->Control()); }
     QWidget& Painter() { return widget->Painter(); }
-    QPoint Centre(const Element& e) {
-        return QPoint(PixelsOf(e.SurfaceLeft() + e.Width() / 2), PixelsOf(e.SurfaceTop() + e.Height() / 2));
-    }
-    QPoint Cell(int row, int col) {
-        CellGrid& fg = S().FG1;
-        return QPoint(PixelsOf(fg.Left() + fg.ColPos(col)) + 12, PixelsOf(fg.Top() + fg.RowPos(row)) + 6);
-    }
+    QPoint Cell(int row, int col) { return CellPoint(S().FG1, row, col); }
     std::string Shown(int row) { return widget->Control().TextMatrix(row, 0); }
     testing::TempDir dir;
     LinkHandler handler;
@@ -72,7 +66,7 @@ protected:
 
 TEST_F(SortMouseGuiTest, AClickOnAHeadingSortsAndShowsTheArrow) {
     const Label& caption = testing::FindElement<Label>(S().surface, "LabelMenu", 1);
-    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, Centre(caption));
+    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, CentreOf(caption));
     QApplication::processEvents();
     EXPECT_EQ(widget->Control().IndiceordinamentoAttivo(), 1);
     EXPECT_EQ(Shown(0), "1");  // Anna
@@ -82,7 +76,7 @@ TEST_F(SortMouseGuiTest, AClickOnAHeadingSortsAndShowsTheArrow) {
     // The blue up arrow stands at the heading's right end: blue pixels there.
     const int blue = CountPixels(shot, AreaOf(arrow), [](const QColor& p) { return p.blue() > 150 && p.red() < 120; });
     EXPECT_GT(blue, 10);
-    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, Centre(caption));
+    QTest::mouseClick(&Painter(), Qt::LeftButton, Qt::NoModifier, CentreOf(caption));
     EXPECT_EQ(Shown(0), "5");  // Elio first of the descending
     EXPECT_EQ(arrow.ToolTipText(), "Ordinamento Decrescente");
 }
@@ -122,7 +116,7 @@ TEST_F(SortMouseGuiTest, EveryArrowColourShowsItsArrowOnTheBand) {
 TEST_F(SortMouseGuiTest, TheHoverTileFollowsTheMouseOverSortableHeadings) {
     widget->Control().setStileTestaOver(StileTestaType::Orange);
     const Label& caption = testing::FindElement<Label>(S().surface, "LabelMenu", 2);
-    QTest::mouseMove(&Painter(), Centre(caption));
+    QTest::mouseMove(&Painter(), CentreOf(caption));
     QApplication::processEvents();
     const ImageElement& hover = *S().elements.ImageZ;
     ASSERT_TRUE(hover.Visible());
